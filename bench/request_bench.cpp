@@ -1,0 +1,171 @@
+// Building a request of the outbound summary, from the host's call to the middle tier's: title, condition,
+// columns, batch. The middle tier is a recorder that drops what it gets. The peer appends 37 KB of text, the
+// size of a large batch, in pieces of 100 characters.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <string>
+
+#include "dialogs/unattended_dialog.h"
+#include "reports/reports.h"
+#include "runtime/dictionary.h"
+#include "runtime/progress_form.h"
+#include "runtime/recordset.h"
+#include "runtime/runtime.h"
+#include "tests/runtime/fake_object.h"
+
+namespace {
+
+std::size_t allocations = 0;
+
+// Allocations of the batch alone: counted from the progress message that opens the fetch, paused while the
+// columns and rights are built and read, and closed by the call of the middle tier.
+struct BatchCount {
+  std::size_t begin = 0;
+  std::size_t total = 0;
+  bool counts = false;
+  void Start() {
+    total = 0;
+    Resume();
+  }
+  void Resume() {
+    begin = allocations;
+    counts = true;
+  }
+  void Pause() {
+    if (counts) total += allocations - begin;
+    counts = false;
+  }
+} batch;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+
+namespace {
+
+using salerpt::Call;
+using salerpt::ObjectRef;
+using salerpt::Runtime;
+using salerpt::Variant;
+using salerpt::testing::FakeRef;
+using salerpt::testing::LogIn;
+using salerpt::testing::RegisterFake;
+
+// The middle tier's answers without the recording.
+class SilentData final : public salerpt::Object {
+ public:
+  [[nodiscard]] std::string_view ClassName() const override { return "ORVMSaleRpt.Data"; }
+  Variant Invoke(std::string_view, salerpt::InvokeKind, salerpt::Arguments) override {
+    batch.Pause();
+    return {};
+  }
+};
+class SilentTrue final : public salerpt::Object {
+ public:
+  [[nodiscard]] std::string_view ClassName() const override { return "ORVEBCGLView.GLData"; }
+  Variant Invoke(std::string_view, salerpt::InvokeKind, salerpt::Arguments) override {
+    batch.Pause();
+    return true;
+  }
+};
+class SilentRows final : public salerpt::Object {
+ public:
+  [[nodiscard]] std::string_view ClassName() const override { return "ORVConnection.AppConnection"; }
+  Variant Invoke(std::string_view, salerpt::InvokeKind, salerpt::Arguments) override {
+    static const salerpt::RecordsetRef rows = [] {
+      auto set = salerpt::MakeRecordset();
+      set->AppendField("FValue", salerpt::FieldType::kVarChar, 30);
+      set->Open();
+      return set;
+    }();
+    batch.Resume();
+    return rows;
+  }
+};
+class SilentProps final : public salerpt::Object {
+ public:
+  [[nodiscard]] std::string_view ClassName() const override { return "Host"; }
+  Variant Invoke(std::string_view, salerpt::InvokeKind, salerpt::Arguments) override {
+    return "UserName=test;UserID=16394;LANGUAGE=chs;";
+  }
+};
+
+// The first message of a fetch opens the count.
+class CountingToolkit final : public salerpt::Toolkit {
+ public:
+  void ShowModal(salerpt::ProgressForm& form) override {
+    batch.Start();
+    form.Activate();
+  }
+};
+
+struct World {
+  Runtime runtime;
+  World() {
+    salerpt::RegisterReports(runtime);
+    runtime.SetToolkit(std::make_shared<CountingToolkit>());
+    runtime.host_object = std::make_shared<SilentProps>();
+    runtime.Register("ORVMSaleRpt.Data", [] { return std::make_shared<SilentData>(); });
+    runtime.Register("ORVEBCGLView.GLData", [] { return std::make_shared<SilentTrue>(); });
+    runtime.Register("ORVConnection.AppConnection", [] { return std::make_shared<SilentRows>(); });
+    runtime.Register("ORVMPurchaseRpt.Data", [] { return std::make_shared<SilentRows>(); });
+    RegisterFake(runtime, "ORVEBSBase.SystemProfile")->Gives("GetProfile", 0);
+    RegisterFake(runtime, "ORVEBSGLItem.ItemInfo")->Gives("GetDataRight", true);
+  }
+};
+
+void BM_Request(benchmark::State& state) {
+  World world;
+  const ObjectRef report = salerpt::CreateObject("ORVSaleRpt.Rpt128");
+  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable("frmFirter128"));
+  dialog.Choose("BDate", "2024-01-01");
+  dialog.Choose("EDate", "2024-12-31");
+  dialog.Choose("BItemNumber", "01");
+  dialog.Choose("ECustNumber", "99");
+  dialog.Choose("GroupBy", state.range(0) == 0 ? 0 : 1);
+  dialog.Choose("SumMode", static_cast<std::int32_t>(state.range(0)));
+  if (state.range(1) != 0) dialog.Choose("Orderby", "FOutAmount DESC");
+  dialog.Confirm();
+  SetMember(report, "Filter", dialog.Filter());
+  std::size_t most = 0;
+  std::size_t most_of_batch = 0;
+  for (auto _ : state) {
+    const std::size_t before = allocations;
+    Call(report, "GetReportData");
+    most = std::max(most, allocations - before);
+    most_of_batch = std::max(most_of_batch, batch.total);
+  }
+  const auto result = salerpt::As<salerpt::Dictionary>(GetMember(report, "Result"));
+  if (!result->Get("OK").ToBoolean()) state.SkipWithError(result->Get("Error").TextOrEmpty().c_str());
+  state.counters["allocations"] = static_cast<double>(most);
+  state.counters["of_batch"] = static_cast<double>(most_of_batch);
+}
+BENCHMARK(BM_Request)
+    ->ArgNames({"SumMode", "ordered"})
+    ->ArgsProduct({{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, {0, 1}});
+
+void BM_PeerAppend37KB(benchmark::State& state) {
+  const std::string piece(100, 'x');
+  for (auto _ : state) {
+    std::string text;
+    for (int i = 0; i < 370; ++i) text += piece;
+    benchmark::DoNotOptimize(text.data());
+  }
+}
+BENCHMARK(BM_PeerAppend37KB);
+
+}  // namespace

@@ -1,0 +1,561 @@
+#include "reports/flow/rpt128.h"
+
+#include <memory>
+#include <utility>
+
+#include "runtime/mmts.h"
+#include "runtime/mparse.h"
+#include "runtime/mrpt.h"
+#include "runtime/runtime.h"
+#include "sqltoolkit/data_right.h"
+#include "sqltoolkit/filter_values.h"
+#include "sqltoolkit/report_header.h"
+#include "sqltoolkit/resort.h"
+
+namespace salerpt {
+namespace {
+
+bool IsGrouped(const Dictionary& filter) {
+  return FilterNumber(filter, "GroupBy") == 1;
+}
+
+}  // namespace
+
+// --- Set-up: the texts that do not depend on a filter
+
+void Rpt128::InitProperty(std::int32_t number) {
+  Report::InitProperty(number);
+  item_word_ = ResText("产品");
+  amount_scale_ = AmountScale();
+  const int d = amount_scale_;
+
+  item_filter_template_ = " FItemID In (SELECT DISTINCT ##ITEMID## FROM #DATA2 )";
+
+  // Outbound lines are bills of type 21, invoices of types 80 and 86. Of the two kinds of invoice the first
+  // counts its amount, the second its amount less tax, both in the base currency. The invoice half fills no
+  // sale style. Kept: where a condition on the sale style meets rows of #DATA2 (report by item), invoice rows
+  // fall away.
+  const DataRight right = RequestDataRight({{"t_Organization", "t2"}});
+  const std::string& join = right.from_text;
+  const std::string invoice_join = Replace(right.from_text, "FSupplyID", "FCustID");
+  const std::string invoice_where = Replace(right.where_text, "FSupplyID", "FCustID");
+  // clang-format off: the texts stand as they are sent
+  fill_text_ = Join(
+      " Create Table #DATA2 ( "
+      "     FIndex int IDENTITY, \r\n"
+      "     FItemID int null,\r\n"
+      "     FCustID int null, \r\n"
+      "     /*OTHERCOL*/\r\n"
+      "     FOutQty Decimal(23,10) not null Default(0),\r\n"
+      "     FOutAmount Decimal(18,",
+      d,
+      ") not null Default(0),\r\n"
+      "     FConsignAmount Decimal(18,",
+      d,
+      ") not null Default(0),\r\n"
+      "     FCommitQty Decimal(23,10) not null Default(0), \r\n"
+      "     FCommitAmount Decimal(18,",
+      d,
+      ") not null Default(0),"
+      "FSaleStyle  int,FSecQty decimal(23, 10) null,FSecInvoiceQty decimal(23, 10) null) \r\n"
+      // Outbound lines
+      "Insert Into #DATA2 (FItemID,FCustID,/*COLNAME*/FOutQty,FOutAmount,FConsignAmount,FSaleStyle,FSecQty,"
+      "FSecInvoiceQty) \r\n"
+      "Select v2.FItemID, v1.FSupplyID,/*COLVALUE*/ v2.FQty,round(v2.FAmount,",
+      d, "),round(v2.FConsignAmount,", d,
+      "),FSaleStyle,FSecQty,0 FSecInvoiceQty\r\n"
+      "From ICStockBill v1\r\n"
+      "Join ICStockBillEntry v2 On v1.FInterID = v2.FInterID\r\n"
+      "Join t_ICItem t1 On v2.FItemID = t1.FItemID\r\n"
+      "Left Join t_Organization t2 On v1.FSupplyID=t2.FItemID\r\n"
+      "Left Join t_Stock t99 On v2.FDCStockID=t99.FItemID\r\n"
+      "/*JOINTABLE*/\r\n",
+      join,
+      "\r\n"
+      " Where v1.FTranType =21 \r\n"
+      " ##CHECKSTOCK## "
+      " ##CHECKDATE## ##CHECKITEM##\r\n",
+      AndIfAny(right.where_text),
+      "\r\n"
+      // Invoice lines
+      " Insert Into #DATA2 (FItemID,FCustID,/*COLNAME*/FCommitQty,FCommitAmount,FSecQty,FSecInvoiceQty) \r\n"
+      " Select v2.FItemID,v1.FCustID,/*COLVALUE*/v2.FQty,"
+      " Round(case v1.FTranType when 80 then v2.FAmount * isnull(v1.FExchangeRate,1) else "
+      " (v2.FAmount - v2.FTaxAmount)* isnull(v1.FExchangeRate,1)  end,",
+      d,
+      "),0,v2.FSecQty\r\n"
+      " FROM  ICSale v1\r\n"
+      "Join ICSaleEntry v2 On v1.FInterID = v2.FInterID\r\n"
+      "Join t_ICItem t1 On v2.FItemID = t1.FItemID\r\n"
+      "Left Join t_Organization t2 On v1.FCustID = t2.FItemID\r\n"
+      "/*JOINTABLE*/\r\n",
+      invoice_join,
+      "\r\n"
+      " Where v1.FTranType in (80,86) \r\n"
+      " ##CHECKSTATE## "
+      " ##CHECKDATE## ##CHECKITEM##\r\n",
+      AndIfAny(invoice_where), "\r\n");
+
+  column_definitions_ = Join(
+      "       FNumber  varchar(355) null,\r\n"
+      "     FShortNumber  varchar(355) null,\r\n"
+      "     FName  varchar(355) null,\r\n"
+      "     FModel  varchar(355) null,\r\n"
+      "     FUnitName  varchar(355) null,\r\n"
+      "     FQtyDecimal smallint null, \r\n"
+      "     FPriceDecimal smallint null, \r\n"
+      "     FOutQty decimal(23, 10) null, \r\n"
+      "     FOutAmount decimal(18,",
+      d,
+      ") null, \r\n"
+      "     FCommitQty decimal(23, 10) null, \r\n"
+      "     FCommitAmount decimal(18,",
+      d,
+      ") null, \r\n"
+      "     FNotCommitAmount decimal(18,",
+      d,
+      ") null, \r\n"
+      "     FNotCommitQty decimal(23, 10) null, \r\n"
+      "     FConsignAmount decimal(18,",
+      d,
+      ") null,\r\n"
+      "     FCUUnitName  varchar(355) null,\r\n"
+      "     FCUUnitOutQty decimal(23, 10) null, \r\n"
+      "     FCUUnitCommitQty decimal(23, 10) null, \r\n"
+      "     FCUUnitNotCommitQty decimal(23, 10) null, \r\n"
+      "     FSecUnitName  varchar(355) null,\r\n"
+      "     FSecQty decimal(23, 10) null, \r\n"
+      "     FSecInvoiceQty decimal(23, 10) null, \r\n"
+      "     FSecNInvoiceQty decimal(23, 10) null, \r\n"
+      "     FSumSort smallint not null Default(0), \r\n"
+      "     FID int IDENTITY )\r\n");
+
+  // Names, model and units stay blank here: the middle tier fills them from the item master.
+  value_list_ =
+      "'' FShortNumber,'' FName,'' FModel,'' FUnitName,4 FQtyDecimal,4 FPriceDecimal,"
+      "sum(isnull(v1.FOutQty,0)) FOutQty,sum(isnull(v1.FOutAmount,0)) FOutAmount,"
+      "sum(isnull(v1.FCommitQty,0)) FCommitQty,sum(isnull(v1.FCommitAmount,0)) FCommitAmount,"
+      "0 FNotCommitAmount,0 FNotCommitQty,\r\n"
+      "sum(isnull(v1.FConsignAmount,0)) FConsignAmount,'' FCUUnitName, \r\n"
+      " SUM(ISNULL(v1.FOutQty,0)/(Case When ISNULL(t3.FCoefficient,0)=0 Then 1 Else t3.FCoefficient End ))"
+      " FCUUnitOutQty, \r\n"
+      " SUM(ISNULL(v1.FCommitQty,0)/(Case When ISNULL(t3.FCoefficient,0)=0 Then 1 Else t3.FCoefficient End ))"
+      " FCUUnitCommitQty, \r\n"
+      " 0 FCUUnitNotCommitQty,'',sum(isnull(v1.FSecQty,0)) ,sum(isnull(v1.FSecInvoiceQty,0)) ,"
+      "sum(isnull(v1.FSecQty,0) - isnull(v1.FSecInvoiceQty,0)), ";
+  from_text_ =
+      " From #DATA2 v1\r\n"
+      " Inner Join t_ICItem t1 On v1.FItemID=t1.FItemID\r\n"
+      " Left Join t_Organization t2 On v1.FCustID=t2.FItemID\r\n"
+      " Inner Join T_MeasureUnit t3 On t1.FSaleUnitID = t3.FMeasureUnitID\r\n";
+  where_text_ = " WHERE 1=1 \r\n";
+  update_text_ =
+      " Update #DATA set "
+      " FNotCommitAmount = isnull(FOutAmount,0) - isnull(FCommitAmount,0), "
+      " FNotCommitQty = FOutQty-(case when FCommitQty is null then 0 else FCommitQty end ) \r\n"
+      " Update #DATA set "
+      " FCUUnitNotCommitQty = FCUUnitOutQty-(case when FCUUnitCommitQty is null then 0 else FCUUnitCommitQty "
+      "end )"
+      " \r\n";
+  // clang-format on
+}
+
+// --- Title
+
+void Rpt128::BuildTitle() {
+  const Dictionary& filter = Conditions();
+  const std::string begin_item = FilterText(filter, "BItemNumber");
+  const std::string end_item = FilterText(filter, "EItemNumber");
+  const std::string begin_customer = FilterText(filter, "BCustNumber");
+  const std::string end_customer = FilterText(filter, "ECustNumber");
+  const bool grouped = IsGrouped(filter);
+
+  title_ = std::make_shared<Vector>();
+  AddTitle(*title_, Join(ResText("起始日期："), FilterText(filter, "BDate")), 0);
+  AddTitle(*title_, Join(ResText("截止日期："), FilterText(filter, "EDate")), 1);
+  AddTitle(*title_,
+           Join(item_word_, ResText("代码范围："),
+                RangeCaption(begin_item, end_item, Join(ResText("所有"), item_word_))),
+           2);
+  AddTitle(*title_,
+           begin_customer.empty() && end_customer.empty()
+               ? Join(ResText("客户代码范围："), ResText("所有客户"))
+               : Join(ResText("客户代码范围: "), begin_customer, " -- ", end_customer),
+           grouped ? 3 : 4);
+  if (!grouped) return;
+
+  const std::string levels = Join(FilterText(filter, "BLevel"), "--", FilterText(filter, "ELevel"));
+  std::string by;
+  switch (FilterInt(filter, "SumMode")) {
+    case 1:
+      by = Join(levels, ResText("级物料类别"));
+      break;
+    case 2:
+      by = Join(levels, ResText("级客户类别"));
+      break;
+    case 3:
+      by = Join(levels, ResText("级物料类别+客户"));
+      break;
+    case 4:
+      by = Join(ResText("客户+"), levels, ResText("级物料类别"));
+      break;
+    case 8:
+      by = Join(levels, ResText("级客户类别+客户"));
+      break;
+    case 9:
+      by = ResText("部门");
+      break;
+    case 10:
+      by = ResText("部门+业务员");
+      break;
+    case 11:
+      by = ResText("客户+业务员");
+      break;
+    case 12:
+      by = Join(ResText("业务员+客户+"), levels, ResText("级物料类别"));
+      break;
+    default:
+      by = FilterText(*FilterSumField(filter), "FName");
+      break;
+  }
+  AddTitle(*title_, Join(ResText("汇总依据："), by), 4);
+}
+
+// --- Condition on items, customers and sale style
+
+void Rpt128::BuildConditions() {
+  const Dictionary& filter = Conditions();
+  const std::string_view code = CodeField();
+  condition_.clear();
+  const auto bound = [&](std::string_view key, std::string_view table, std::string_view comparison) {
+    const Variant& value = filter.Get(key);
+    if (!value.TextOrEmpty().empty()) Append(condition_, " AND ", table, code, comparison, QuoteSql(value));
+  };
+  bound("BItemNumber", "t1.", ">=");
+  bound("EItemNumber", "t1.", "<=");
+  switch (FilterInt(filter, "CommodityType")) {
+    case 1:
+      condition_ += " And t1.FErpClsID=4";
+      break;
+    case 2:
+      condition_ += " And t1.FErpClsID<>4";
+      break;
+    default:
+      break;
+  }
+  bound("BCustNumber", "t2.", ">=");
+  bound("ECustNumber", "t2.", "<=");
+  if (FilterNumber(filter, "SaleType") > 1) {
+    Append(condition_, " And v1.FSaleStyle = ", SqlNumber(filter.Get("SaleType")));
+  }
+}
+
+// --- Fetch
+
+void Rpt128::FetchData() {
+  header_ = std::make_shared<Vector>();
+  const DictionaryRef request = BuildRequest();
+  AddCommonColumns();
+  ReplacePlaceholders(*request);
+  request->Set("RptID", "Rpt128");
+
+  const ObjectRef data = CreateObject("ORVMSaleRpt.Data");
+  Progress().SetMsg(ResText("正在从服务器读取数据..."));
+  rs_.reset();
+  Variant sent = request;
+  rs_ = As<Recordset>(Call(data, "GetSaleAmountData", GetPropsString(), sent));
+}
+
+// The group columns of the grouping that was asked for, and its batch.
+DictionaryRef Rpt128::BuildRequest() {
+  const Dictionary& filter = Conditions();
+  if (!IsGrouped(filter)) return BuildByItem();
+  const int sum_mode = FilterInt(filter, "SumMode");
+  AddGroupColumns(sum_mode);
+  switch (sum_mode) {
+    case 1:
+    case 3:
+    case 4:
+    case 12:
+      return BuildByLevel(LevelKind::kItem, sum_mode);
+    case 2:
+    case 8:
+      return BuildByLevel(LevelKind::kCustomer, sum_mode);
+    case 6:
+      return BuildByEmployee();
+    case 7:
+      return BuildBySaleStyle();
+    case 9:
+      return BuildByDepartment();
+    case 10:
+    case 11:
+      return BuildWithEmployee(sum_mode);
+    default:
+      return BuildByProperty();
+  }
+}
+
+void Rpt128::ReplacePlaceholders(Dictionary& request) const {
+  const Dictionary& filter = Conditions();
+  std::string state;
+  switch (FilterInt(filter, "CheckState")) {
+    case 0:
+      state = " AND v1.FStatus>0 And v1.FCancelLation=0 ";
+      break;
+    case 1:
+      state = " AND v1.FStatus=0 And v1.FCancelLation=0 ";
+      break;
+    default:
+      state = " And v1.FCancelLation=0 ";
+      break;
+  }
+  switch (FilterInt(filter, "FROB")) {
+    case 1:
+      state += " AND v1.FROB=1 ";
+      break;
+    case 2:
+      state += " AND v1.FROB=-1 ";
+      break;
+    default:
+      break;
+  }
+  const std::string date = Join(
+      " AND convert(datetime,convert(varchar(30),v1.FDate,111)) >='", FilterDay(filter, "BDate"), "'\r\n",
+      " AND convert(datetime,convert(varchar(30),v1.FDate,111)) <='", FilterDay(filter, "EDate"), "'");
+
+  std::string select = request.Get("SELECT").ToText();
+  select = Replace(select, "##CHECKITEM##", condition_.empty() ? " " : condition_);
+  select = Replace(select, "##CHECKSTATE##", state);
+  select = Replace(select, "##CHECKSTOCK##", state);
+  select = Replace(select, "##CHECKDATE##", date);
+  request.Set("SELECT", std::move(select));
+}
+
+// --- Columns
+
+void Rpt128::AddGroupColumns(int sum_mode) {
+  const Dictionary& filter = Conditions();
+  const auto text_column = [this](std::string caption, std::string_view column) {
+    AddHeader(*header_, std::move(caption), "", ColumnType::kText, column, true, ForceHide{0});
+  };
+  const auto level_columns = [&](std::string_view caption) {
+    const int end_level = FilterInt(filter, "ELevel");
+    for (int i = FilterInt(filter, "BLevel"); i <= end_level; ++i) {
+      text_column(Join(i, ResText(caption)), Join("FName", i));
+    }
+  };
+  const auto customer_column = [&] { text_column(ResText("客户$"), "FCustName"); };
+  const DictionaryRef sum_field = FilterSumField(filter);
+  const std::string property_caption = Join(FilterText(*sum_field, "FName"), "$");
+
+  switch (sum_mode) {
+    case 1:
+      level_columns("级物料类别$");
+      break;
+    case 2:
+      level_columns("级客户类别$");
+      break;
+    case 3:
+      level_columns("级物料类别$");
+      customer_column();
+      break;
+    case 4:
+      customer_column();
+      level_columns("级物料类别$");
+      break;
+    case 8:
+      level_columns("级客户类别$");
+      customer_column();
+      break;
+    case 9:
+      text_column(ResText("部门$"), "FProp01");
+      break;
+    case 10:
+    case 11:
+      text_column(ResText(property_caption), "FProp01");
+      text_column(ResText("业务员$"), "FEmpName");
+      break;
+    case 12:
+      text_column(ResText("业务员$"), "FEmpName");
+      customer_column();
+      level_columns("级物料类别$");
+      break;
+    default:
+      text_column(ResText(property_caption),
+                  Join("FProp", FilterText(*sum_field, "FPropID"), FilterText(*sum_field, "FItemClassID")));
+      break;
+  }
+}
+
+void Rpt128::AddCommonColumns() {
+  const bool show = !(IsGrouped(Conditions()) && IsOnlySum());
+  // The user's field rights on outbound and on invoice amounts.
+  const ForceHide out_amount{static_cast<std::int16_t>(AccessCheck(1008, 2, 4) ? 0 : 1)};
+  const ForceHide invoice_amount{static_cast<std::int16_t>(AccessCheck(1008, 2, 16) ? 0 : 1)};
+  const auto column = [this](std::string caption, std::string_view name, ColumnType type, bool visible,
+                             ForceHide force_hide = {0}) {
+    AddHeader(*header_, std::move(caption), "", type, name, visible, force_hide);
+  };
+  using enum ColumnType;
+  column(Join(item_word_, ResText("代码$")), CodeField(), kText, show);
+  column(Join(item_word_, ResText("名称$")), "FName", kText, show);
+  column(ResText("规格型号$"), "FModel", kText, show);
+  column(ResText("单位(基本)$"), "FUnitName", kText, show);
+  column(ResText("出库数量(基本)$"), "FOutQty", kQuantity, true);
+  column(ResText("出库金额$"), "FOutAmount", kBaseAmount, true, out_amount);
+  column(ResText("开票数量(基本)$"), "FCommitQty", kQuantity, true);
+  column(ResText("开票金额$"), "FCommitAmount", kBaseAmount, true, invoice_amount);
+  column(ResText("销售金额$"), "FConsignAmount", kBaseAmount, true, invoice_amount);
+  column(ResText("未开票数量(基本)$"), "FNotCommitQty", kQuantity, true);
+  column(ResText("单位(常用)$"), "FCUUnitName", kText, show);
+  column(ResText("出库数量(常用)$"), "FCUUnitOutQty", kQuantity, true);
+  column(ResText("开票数量(常用)$"), "FCUUnitCommitQty", kQuantity, true);
+  column(ResText("未开票数量(常用)$"), "FCUUnitNotCommitQty", kQuantity, true);
+  if (Val(ReadSystemProfile("IC", "SecUnit", "0")) != 1) return;
+  column(ResText("单位(辅助)$"), "FSecUnitName", kText, show);
+  column(ResText("出库数量(辅助)$"), "FSecQty", kQuantity, true);
+  column(ResText("开票数量(辅助)$"), "FSecInvoiceQty", kQuantity, true);
+  column(ResText("未开票数量(辅助)$"), "FSecNInvoiceQty", kQuantity, true);
+}
+
+bool Rpt128::IsOnlySum() const {
+  return FilterNumber(Conditions(), "OnlyShowSum") == 1;
+}
+
+std::string_view Rpt128::SumOnly(std::string_view condition) const {
+  return IsOnlySum() ? condition : std::string_view();
+}
+
+// --- Batch by item
+
+// clang-format off: the texts stand as they are sent
+DictionaryRef Rpt128::BuildByItem() {
+  std::string create = Join("CREATE TABLE #DATA(", column_definitions_);
+  std::string insert = Join(
+      "  INSERT INTO #DATA  SELECT CASE "
+      "  WHEN GROUPING(t1.FNumber)=1 THEN '",
+      "合计",
+      "' \r\n"
+      " ELSE t1.FNumber END, \r\n",
+      value_list_,
+      "\r\n"
+      " CASE  WHEN GROUPING(t1.FNumber)=1 THEN 101 \r\n"
+      " ELSE 0 END ",
+      from_text_, where_text_, condition_);
+
+  // Detail rows are copied in the asked order, the total row last.
+  std::string resort;
+  const std::string order_by = FilterText(Conditions(), "OrderBy");
+  if (!order_by.empty()) {
+    const std::string columns = ColumnsWithoutIdentity(create);
+    insert = Join(Replace(create, "#DATA", "#TemData"), "\r\n", Replace(insert, "#DATA ", "#TemData "));
+    update_text_ = Replace(update_text_, "#DATA", "#TemData");
+    resort = Join("Insert Into #DATA Select ", columns,
+                  " From #TemData \r\n"
+                  "where FID<(Select Top 1 FID From #TemData Where FSumSort=101 Order By FID) Order By ",
+                  order_by,
+                  "\r\n"
+                  "Insert Into #DATA Select ",
+                  columns,
+                  " From #TemData \r\n"
+                  "where FID=(Select Top 1 FID From #TemData Where FSumSort=101 Order By FID) \r\n"
+                  "Drop Table #TemData \r\n");
+  }
+
+  auto request = std::make_shared<Dictionary>();
+  request->Set("SElECT", Join("\r\n"
+                              "    SET NOCOUNT ON\r\n",
+                              fill_text_, "\r\n", create, "\r\n", insert, "\r\n"));
+  request->Set("GROUPBY", "Group by t1.FNumber WITH ROLLUP ");
+  request->Set("Append", Join(update_text_, "\r\n", resort,
+                              "\r\n"
+                              "Drop Table #DATA2 \r\n"));
+  request->Set("Filter", condition_);
+  request->Set("EndSel", Join("SELECT * FROM #DATA  ", SumOnly("WHERE FSumSort>100"),
+                              "\r\n"
+                              " ORDER BY FID \r\n"
+                              "DROP TABLE #DATA  \r\n"));
+  request->Set("ITEMFILTER", item_filter_template_);
+  request->Set("NoPrice", "");
+  request->Set("NoTaxRate", "");
+  request->Set("NoDate", "");
+  return request;
+}
+// clang-format on
+
+// --- Drill-through
+
+namespace {
+
+// Id of a sale style by its name; "0" for a blank or unknown one.
+std::string GetSaleTypeID(std::string_view name) {
+  if (Trim(name).empty()) return "0";
+  const ObjectRef info = CreateObject("ORVMClass.ClassInfo");
+  const std::string sql = Join(
+      "Select FInterID,FTypeID,FID,FName from t_Submessage where FName=", QuoteSql(name), " and FTypeID=101");
+  const auto rows = As<Recordset>(Call(info, "GetData", GetPropsString(), sql));
+  if (!rows || rows->Eof()) return "0";
+  return rows->Value("FInterID").TextOrEmpty();
+}
+
+}  // namespace
+
+ObjectRef Rpt128::GetDetailReport(std::int32_t row) {
+  if (!rs_) {
+    throw RuntimeError(error_number::kObjectNotSet, std::string(ClassName()),
+                       Join("Rpt128: there are no rows, row ", row, " has no detail"));
+  }
+  rs_->MoveFirst();
+  rs_->Move(row);
+  if (rs_->Value("FSumSort").ToInt32() > 0) return nullptr;
+
+  const Dictionary& filter = Conditions();
+  auto detail_filter = std::make_shared<Dictionary>();
+  for (const std::string_view key :
+       {"BDate", "EDate", "BCustNumber", "ECustNumber", "CheckState", "SaleType", "SaleTypeName", "FROB"}) {
+    detail_filter->Set(key, filter.Get(key));
+  }
+  const Variant code = rs_->Value(CodeField());
+  detail_filter->Set("BItemNumber", code);
+  detail_filter->Set("EItemNumber", code);
+  detail_filter->Set("GroupBy", 0);
+  detail_filter->Set("OnlyShowSum", 0);
+  detail_filter->Set("chkShowItemSum", 1);
+  detail_filter->Set("chkShowDateSum", 0);
+  detail_filter->Set("AuxProp", 0);
+
+  if (IsGrouped(filter)) {
+    const auto customer = [&](std::string_view field) {
+      const Variant number = rs_->Value(field);
+      detail_filter->Set("BCustNumber", number);
+      detail_filter->Set("ECustNumber", number);
+    };
+    const DictionaryRef sum_field = FilterSumField(filter);
+    if (sum_field->Lookup("FName")) {
+      const std::string name = FilterText(*sum_field, "FName");
+      if (name == ResText("客户")) {
+        customer("FPropNumber");
+      } else if (name == ResText("销售方式")) {
+        const std::string style(Trim(rs_->Value("FProp291").TextOrEmpty()));
+        detail_filter->Set("SaleType", GetSaleTypeID(style));
+        detail_filter->Set("SaleTypeName", style);
+      }
+    }
+    const int sum_mode = FilterInt(filter, "SumMode");
+    if (sum_mode == 4 || sum_mode == 12) customer("FCustNumber");
+  }
+
+  const ObjectRef detail = CreateObject("ORVSaleRpt.Rpt129");
+  LetMember(detail, "RptID", 128);
+  SetMember(detail, "Filter", detail_filter);
+  LetMember(detail, "ExtFirter", 129);
+  Call(detail, "GetReportData");
+  const auto result = As<Dictionary>(GetMember(detail, "Result"));
+  if (result->Get("OK").ToBoolean()) return detail;
+  const std::string error = result->Get("Error").TextOrEmpty();
+  if (!error.empty()) throw RuntimeError(-1, std::string(ClassName()), error);
+  Runtime::Current().GetToolkit().ResetMousePointer();
+  return nullptr;
+}
+
+}  // namespace salerpt

@@ -1,0 +1,155 @@
+#include "shell/conditions.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "runtime/date.h"
+#include "runtime/error.h"
+#include "runtime/text.h"
+#include "shell/suggest.h"
+
+namespace salerpt::shell {
+namespace {
+
+[[noreturn]] void Refuse(const Choice& choice, std::string_view expected) {
+  throw RuntimeError(error_number::kInvalidCall, "Shell",
+                     Join(choice.place, ": ", expected, " was expected"));
+}
+
+std::optional<double> ParseNumber(std::string_view text) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number)) return std::nullopt;
+  return number;
+}
+
+Variant NumberVariant(double number) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const bool is_int32 = std::trunc(number) == number && number >= Limits::min() && number <= Limits::max();
+  return is_int32 ? Variant(static_cast<std::int32_t>(number)) : Variant(number);
+}
+
+Date DateOf(const Choice& choice) {
+  constexpr std::size_t kDaySize = 10;
+  const std::string* text = choice.value.TextIf();
+  const auto date = text != nullptr ? Date::Parse(*text) : std::nullopt;
+  if (!date || text->size() > kDaySize) Refuse(choice, "a date YYYY-MM-DD");
+  return *date;
+}
+
+Variant NumberOf(const Choice& choice, bool whole) {
+  constexpr std::string_view kWhole = "a whole number";
+  const std::string_view expected = whole ? kWhole : "a number";
+  Variant value = choice.value;
+  if (choice.is_text) {
+    const auto number = ParseNumber(*choice.value.TextIf());
+    if (!number) Refuse(choice, expected);
+    value = NumberVariant(*number);
+  }
+  if (!value.IsNumber() || (whole && value.GetKind() == Variant::Kind::kDouble)) Refuse(choice, expected);
+  return value;
+}
+
+Variant BooleanOf(const Choice& choice) {
+  if (choice.value.GetKind() == Variant::Kind::kBoolean) return choice.value;
+  if (choice.is_text && EqualNames(*choice.value.TextIf(), "true")) return true;
+  if (choice.is_text && EqualNames(*choice.value.TextIf(), "false")) return false;
+  Refuse(choice, "true or false");
+}
+
+Variant TextOf(const Choice& choice) {
+  if (choice.value.IsText()) return choice.value;
+  if (choice.value.IsNumber()) return choice.value.ToText();
+  Refuse(choice, "a text");
+}
+
+// Without a default to go by: what the text looks like.
+Variant GuessedValue(const Choice& choice) {
+  if (!choice.is_text) return choice.value;
+  const std::string& text = *choice.value.TextIf();
+  if (const auto number = ParseNumber(text)) return NumberVariant(*number);
+  if (EqualNames(text, "true")) return true;
+  if (EqualNames(text, "false")) return false;
+  return choice.value;
+}
+
+std::vector<std::string_view> KeysOf(const Dictionary& filter) {
+  std::vector<std::string_view> keys;
+  for (const Dictionary::Entry& entry : filter.Entries()) {
+    // The dialog's own answer to whether it was confirmed, not a condition.
+    if (entry.key != "OK") keys.push_back(entry.key);
+  }
+  return keys;
+}
+
+// The rows of "sum by" are a closed list: the report would build a statement that means nothing from another
+// code.
+void RequireListedSumMode(const UnattendedDialog& dialog, const Choice& choice, const Variant& value) {
+  if (!EqualNames(choice.key, "SumMode")) return;
+  const DialogTable* table = FindDialogTable(dialog.Name());
+  if (table == nullptr || table->group_by.empty()) return;
+  std::string codes;
+  for (const DialogTable::GroupByRow& row : table->group_by) {
+    if (row.code == value.ToInt32()) return;
+    Append(codes, codes.empty() ? "" : ", ", row.code, " (", row.text, ")");
+  }
+  Refuse(choice, Join("one of ", codes));
+}
+
+}  // namespace
+
+Choice ParseChoice(std::string_view argument) {
+  const std::size_t at = argument.find('=');
+  if (at == std::string_view::npos || at == 0) {
+    throw RuntimeError(error_number::kInvalidCall, "Shell",
+                       Join("\"", argument, "\": KEY=VALUE was expected"));
+  }
+  return {std::string(argument.substr(0, at)), argument.substr(at + 1), std::string(argument), true};
+}
+
+Variant TypedValue(const Choice& choice, const Variant& by_default) {
+  switch (by_default.GetKind()) {
+    case Variant::Kind::kDate:
+      return DateOf(choice);
+    case Variant::Kind::kInt16:
+    case Variant::Kind::kInt32:
+      return NumberOf(choice, true);
+    case Variant::Kind::kDouble:
+    case Variant::Kind::kCurrency:
+      return NumberOf(choice, false);
+    case Variant::Kind::kBoolean:
+      return BooleanOf(choice);
+    case Variant::Kind::kText:
+      // Dialogs hand over dates as texts.
+      if (Date::Parse(*by_default.TextIf())) return DateOf(choice).Format('-');
+      return TextOf(choice);
+    case Variant::Kind::kObject:
+      if (!choice.value.IsObject()) Refuse(choice, "an object (give it with --filter)");
+      return choice.value;
+    case Variant::Kind::kEmpty:
+    case Variant::Kind::kNull:
+      return GuessedValue(choice);
+  }
+  return choice.value;
+}
+
+DictionaryRef Confirm(UnattendedDialog& dialog, const std::vector<Choice>& choices) {
+  dialog.Confirm();
+  const DictionaryRef defaults = dialog.Filter();
+  for (const Choice& choice : choices) {
+    if (!dialog.HasKey(choice.key)) {
+      throw RuntimeError(error_number::kInvalidCall, "Shell",
+                         Join(choice.place, ": ", dialog.Name(), " has no key \"", choice.key, "\"",
+                              KnownNames(choice.key, KeysOf(*defaults))));
+    }
+    Variant value = TypedValue(choice, defaults->Get(choice.key));
+    RequireListedSumMode(dialog, choice, value);
+    dialog.Choose(choice.key, std::move(value));
+  }
+  dialog.Confirm();
+  return dialog.Filter();
+}
+
+}  // namespace salerpt::shell

@@ -1,0 +1,74 @@
+#include "shell/output_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <system_error>
+
+#include "runtime/error.h"
+#include "runtime/text.h"
+
+namespace salerpt::shell {
+namespace {
+
+constexpr mode_t kMode = 0666;
+
+std::string DescriptorPath(int descriptor) {
+  return Join("/proc/self/fd/", descriptor);
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::filesystem::path target) : target_(std::move(target)) {
+  const std::filesystem::path folder = target_.has_parent_path() ? target_.parent_path() : ".";
+  if (std::error_code unknown; std::filesystem::is_directory(target_, unknown)) {
+    errno = EISDIR;
+    Fail("cannot be written");
+  }
+#ifdef O_TMPFILE
+  descriptor_ = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kMode);
+#endif
+  if (descriptor_ < 0) {
+    temporary_ = Join(target_.string(), ".", static_cast<int>(::getpid()), ".tmp");
+    descriptor_ = ::open(temporary_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kMode);
+    if (descriptor_ < 0) {
+      temporary_.clear();
+      Fail("cannot be written");
+    }
+  }
+  stream_ = std::make_unique<FdStream>(descriptor_, target_.string());
+}
+
+OutputFile::~OutputFile() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+  if (!temporary_.empty()) ::unlink(temporary_.c_str());
+}
+
+void OutputFile::Commit() {
+  stream_->flush();
+  if (::fsync(descriptor_) != 0) Fail("cannot be written");
+  if (temporary_.empty()) Link();
+  if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail("cannot be written");
+  temporary_.clear();
+}
+
+// A name cannot be taken over by linking, so the file gets one beside the target first.
+void OutputFile::Link() {
+  std::filesystem::path name = Join(target_.string(), ".", static_cast<int>(::getpid()), ".tmp");
+  if (::linkat(AT_FDCWD, DescriptorPath(descriptor_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) !=
+      0) {
+    Fail("cannot be written");
+  }
+  temporary_ = std::move(name);
+}
+
+void OutputFile::Fail(const char* what) const {
+  throw RuntimeError(error_number::kInvalidCall, "Shell",
+                     Join(target_.string(), ": ", what, ": ", std::strerror(errno)));
+}
+
+}  // namespace salerpt::shell

@@ -1,0 +1,86 @@
+#include "shell/report_command.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "runtime/text.h"
+#include "shell/failure.h"
+#include "shell/filter_file.h"
+#include "shell/output_file.h"
+
+namespace salerpt::shell {
+namespace {
+
+constexpr std::string_view kBold = "\x1b[1m";
+constexpr std::string_view kPlain = "\x1b[0m";
+
+constexpr const char* kFooter =
+    "KEY=VALUE sets a condition of the report's dialog, such as BDate=2024-01-01, GroupBy=1 or SumMode=2; "
+    "what is\n"
+    "not given takes the dialog's default. An unknown key is answered with the known ones.\n"
+    "FILE.json holds the same as one object, nested objects (SumField) included; KEY=VALUE wins over it.\n"
+    "Every format carries the title lines and, for every row, FSumSort: 0 for a detail row, above 0 for a "
+    "total\n"
+    "(101 the grand total). In the table a total row is marked with *.\n"
+    "Exit status: 0 done, 1 the report answered a failure, 2 wrong usage or unreadable input.";
+
+}  // namespace
+
+void AddDbOption(CLI::App& command, std::string& db) {
+  command.add_option("--db", db, "Account set")->envname("SALERPT_DB")->capture_default_str();
+}
+
+void AddReportOptions(CLI::App& command, ReportOptions& options) {
+  command.add_option("CLASS", options.report_class, "Report class, such as Rpt128 (see: salerpt reports)")
+      ->required();
+  command.add_option("KEY=VALUE", options.choices, "Conditions");
+  AddDbOption(command, options.db);
+  command.add_option("--filter", options.filter_file, "Conditions from a JSON file (- for standard input)")
+      ->type_name("FILE.json");
+  command
+      .add_option("--format", options.format,
+                  "table, csv, json, html or xlsx; by default as FILE ends, else table")
+      ->type_name("NAME");
+  command.add_option("--out", options.out_file, "Write to a file, which appears whole or not at all")
+      ->type_name("FILE");
+  command.add_flag("--progress", options.progress,
+                   "Show progress on standard error, also where that is no terminal");
+  command.footer(kFooter);
+}
+
+std::vector<Choice> ReadChoices(const ReportOptions& options) {
+  std::vector<Choice> choices;
+  if (!options.filter_file.empty()) choices = ReadFilterFile(options.filter_file);
+  for (const std::string& argument : options.choices) choices.push_back(ParseChoice(argument));
+  return choices;
+}
+
+Format FormatOf(const ReportOptions& options) {
+  if (!options.format.empty()) return ParseFormat(options.format);
+  std::string ending = std::filesystem::path(options.out_file).extension().string();
+  if (!ending.empty()) ending.erase(0, 1);
+  const auto& names = FormatNames();
+  return std::find(names.begin(), names.end(), ending) == names.end() ? Format::kTable : ParseFormat(ending);
+}
+
+ProgressBar::Style ProgressStyle(const Shell& shell, bool wanted) {
+  if (shell.err_is_terminal) return ProgressBar::Style::kTerminal;
+  return wanted ? ProgressBar::Style::kLines : ProgressBar::Style::kOff;
+}
+
+void Deliver(const Sheet& sheet, const ReportOptions& options, Shell& shell) {
+  const Format format = FormatOf(options);
+  if (options.out_file.empty()) {
+    if (format == Format::kXlsx && shell.out_is_terminal) {
+      RaiseUsage("a workbook is not written to a terminal: --out FILE was expected");
+    }
+    const bool emphasis = shell.use_color;
+    MakeRenderer(format, emphasis ? PrintOptions{kBold, kPlain} : PrintOptions{})->Render(sheet, shell.out);
+    return;
+  }
+  OutputFile file(options.out_file);
+  MakeRenderer(format, PrintOptions{})->Render(sheet, file.Stream());
+  file.Commit();
+}
+
+}  // namespace salerpt::shell

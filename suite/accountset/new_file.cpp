@@ -1,0 +1,85 @@
+#include "suite/accountset/new_file.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <system_error>
+#include <utility>
+
+#include "suite/accountset/errors.h"
+#include "suite/accountset/schema.h"
+
+namespace salerpt::accountset {
+namespace {
+
+// No journal: a file that breaks off is thrown away as a whole, so nothing need ever be rolled back.
+constexpr const char* kLoadingPragmas =
+    "PRAGMA page_size=8192; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE;"
+    "PRAGMA cache_size=-131072; PRAGMA temp_store=MEMORY; PRAGMA encoding='UTF-8';";
+
+}  // namespace
+
+NewFile::NewFile(std::filesystem::path target, std::string source)
+    : target_(std::move(target)), temporary_(target_), source_(std::move(source)) {
+  RefuseExisting();
+  temporary_ += fmt::format(".{}.tmp", getpid());
+  const auto folder = target_.has_parent_path() ? target_.parent_path() : std::filesystem::path(".");
+  std::error_code error;
+  if (!std::filesystem::is_directory(folder, error)) {
+    throw RuntimeError(kPathAccess, source_,
+                       fmt::format("{}: cannot be made: {} is no folder", target_.string(), folder.string()));
+  }
+  if (access(folder.c_str(), W_OK) != 0) {
+    throw RuntimeError(kPermissionDenied, source_,
+                       fmt::format("{}: cannot be made: no right to write to the folder {}", target_.string(),
+                                   folder.string()));
+  }
+  std::filesystem::remove(temporary_, error);
+  try {
+    database_ = std::make_unique<Database>(temporary_, true, target_.string(), source_);
+    database_->Execute(kLoadingPragmas);
+    CreateTables(*database_);
+    database_->Execute("BEGIN");
+  } catch (...) {
+    // The destructor does not run for an object that was never finished.
+    database_.reset();
+    std::filesystem::remove(temporary_, error);
+    throw;
+  }
+}
+
+NewFile::~NewFile() {
+  database_.reset();
+  std::error_code error;
+  std::filesystem::remove(temporary_, error);
+}
+
+void NewFile::Publish() {
+  CreateIndexes(*database_);
+  database_->Execute("COMMIT");
+  // A sample is enough for the planner, and takes no time.
+  database_->Execute("PRAGMA analysis_limit=1000; ANALYZE");
+  database_->Finish();
+  database_.reset();
+  // A link, unlike a renaming, fails when the name was taken meanwhile.
+  std::error_code error;
+  std::filesystem::create_hard_link(temporary_, target_, error);
+  if (!error) return;
+  RefuseExisting();
+  std::filesystem::rename(temporary_, target_, error);
+  if (error) {
+    throw RuntimeError(kPathAccess, source_,
+                       fmt::format("{}: cannot be made: {}", target_.string(), error.message()));
+  }
+}
+
+void NewFile::RefuseExisting() const {
+  std::error_code error;
+  if (std::filesystem::symlink_status(target_, error).type() != std::filesystem::file_type::not_found) {
+    throw RuntimeError(
+        kFileExists, source_,
+        fmt::format("{}: exists already; an account set is never overwritten", target_.string()));
+  }
+}
+
+}  // namespace salerpt::accountset

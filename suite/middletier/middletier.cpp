@@ -1,0 +1,40 @@
+#include "suite/middletier/middletier.h"
+
+#include <string_view>
+#include <utility>
+
+#include "suite/middletier/objects.h"
+
+namespace salerpt::middletier {
+namespace {
+
+struct Registration {
+  std::string_view prog_id;
+  ObjectRef (*make)(ServerRef server);
+};
+
+constexpr Registration kObjects[] = {
+    {"ORVPropsMgr.ShareProps", MakeShareProps},
+    {"ORVEBSBase.SystemProfile", MakeSystemProfile},
+    {"ORVMReport.ClsReport", MakeClsReport},
+    {"ORVConnection.AppConnection", MakeAppConnection},
+    {"ORVEBCGLView.GLData", MakeGLData},
+    {"ORVEBSGLItem.ItemInfo", MakeItemInfo},
+    {"ORVMPurchaseRpt.Data", MakePurchaseData},
+    {"ORVMClass.ClassInfo", MakeClassInfo},
+    {"ORVListServer.clsListServer", MakeListServer},
+    {"ORVMCaculateRpt.Data", MakeCalculatedData},
+    {"ORVMSaleRpt.Data", MakeSaleData},
+};
+
+}  // namespace
+
+void RegisterMiddleTier(Runtime& runtime, std::shared_ptr<accountset::AccountSet> account_set,
+                        const Login& login) {
+  const ServerRef server = std::make_shared<Server>(std::move(account_set), login);
+  for (const Registration& object : kObjects) {
+    runtime.Register(object.prog_id, [server, make = object.make] { return make(server); });
+  }
+}
+
+}  // namespace salerpt::middletier

@@ -1,0 +1,50 @@
+#include "suite/middletier/sale_batch.h"
+
+#include <string>
+#include <string_view>
+
+#include "suite/middletier/item_columns.h"
+#include "suite/middletier/recordset_sink.h"
+
+namespace salerpt::middletier {
+namespace {
+
+// Empty where the request does not have the key.
+std::string PartOf(const Dictionary& request, std::string_view key) {
+  return Replace(request.Get(key).TextOrEmpty(), "##ITEMFILTER##", "");
+}
+
+void RunPart(tsql::Session& session, const std::string& batch) {
+  if (!Trim(batch).empty()) session.Execute(batch);
+}
+
+bool FillWorkingTable(tsql::Session& session) {
+  return FillItemColumns(session, "#TemData") || FillItemColumns(session, "#DATA");
+}
+
+RecordsetRef RunParts(tsql::Session& session, const Dictionary& request) {
+  session.Execute(Join(PartOf(request, "SELECT"), kCrLf, PartOf(request, "GROUPBY")));
+  const bool filled = FillWorkingTable(session);
+  RunPart(session, PartOf(request, "Append"));
+  if (!filled) FillItemColumns(session, "#DATA");
+  RunPart(session, PartOf(request, "UpdateAppend"));
+  RecordsetSink sink;
+  session.Execute(PartOf(request, "EndSel"), sink);
+  if (!sink.HasRows()) {
+    throw RuntimeError(error_number::kInvalidCall, "",
+                       "\"EndSel\" of the request holds no select that gives rows");
+  }
+  return sink.Take();
+}
+
+}  // namespace
+
+RecordsetRef RunSaleBatch(Server& server, const Dictionary& request) {
+  if (Trim(PartOf(request, "SELECT")).empty()) {
+    throw RuntimeError(error_number::kInvalidCall, "",
+                       "the request has no \"SELECT\"; the text of a batch was expected");
+  }
+  return server.Converse([&request](tsql::Session& session) { return RunParts(session, request); });
+}
+
+}  // namespace salerpt::middletier

@@ -1,0 +1,369 @@
+// Queries: FROM, select list, ORDER BY, set operators.
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "suite/tsql/error.h"
+#include "suite/tsql/function_names.h"
+#include "suite/tsql/number_text.h"
+#include "suite/tsql/translator.h"
+
+namespace salerpt::tsql {
+namespace {
+
+bool HasAggregate(const Expression& e) {
+  if (e.kind == ExpressionKind::kFunction && (IsAggregateFunction(e.text) || e.text == "grouping")) return true;
+  return std::any_of(e.args.begin(), e.args.end(), [](const ExpressionPtr& arg) { return HasAggregate(*arg); });
+}
+
+bool IsGrouped(const QueryBlock& block, const std::vector<OrderItem>& order) {
+  if (!block.group_by.empty() || block.having != nullptr) return true;
+  for (const SelectItem& item : block.items) {
+    if (HasAggregate(*item.expression)) return true;
+  }
+  return std::any_of(order.begin(), order.end(), [](const OrderItem& item) { return HasAggregate(*item.expression); });
+}
+
+std::string_view SetWord(SetOperator op) {
+  switch (op) {
+    case SetOperator::kUnionAll:
+      return " UNION ALL ";
+    case SetOperator::kExcept:
+      return " EXCEPT ";
+    case SetOperator::kIntersect:
+      return " INTERSECT ";
+    default:
+      return " UNION ";
+  }
+}
+
+std::string ItemName(const SelectItem& item) {
+  if (!item.alias.empty()) return item.alias;
+  if (item.expression->kind == ExpressionKind::kColumn) return item.expression->name.back();
+  return {};
+}
+
+std::string Joined(const std::vector<std::string>& parts, std::string_view separator) {
+  return fmt::format("{}", fmt::join(parts, separator));
+}
+
+// One row at most, whatever the tables hold.
+bool AtMostOneRow(const QueryBlock& block) {
+  if (block.top != nullptr) return block.top->kind == ExpressionKind::kInteger && block.top->text == "1";
+  if (block.from.empty()) return true;
+  return block.group_by.empty() && HasAggregate(*block.items[0].expression);
+}
+
+}  // namespace
+
+QuerySql Translator::TranslateQuery(const Query& query, const Scope* parent, QueryUse use, Plan* plan,
+                                    const std::vector<ColumnType>* targets) {
+  if (use != QueryUse::kTop && !query.order_by.empty() && query.blocks[0].top == nullptr) {
+    Raise(1033, "The ORDER BY clause is invalid in views, inline functions, derived tables, subqueries, and common table "
+                "expressions, unless TOP or FOR XML is also specified.");
+  }
+  if (query.blocks.size() == 1) return TranslateBlock(query.blocks[0], query.order_by, parent, use, plan, targets);
+  QuerySql result = TranslateUnion(query, parent, targets);
+  if (use == QueryUse::kSubquery) {
+    result.text = fmt::format("WITH {0}(x) AS ({1}) SELECT ts_one(x) FROM {0}", NewAlias(), result.text);
+  }
+  return result;
+}
+
+QuerySql Translator::TranslateUnion(const Query& query, const Scope* parent, const std::vector<ColumnType>* targets) {
+  std::vector<QuerySql> parts;
+  static const std::vector<OrderItem> kNoOrder;
+  for (const QueryBlock& block : query.blocks) {
+    parts.push_back(TranslateBlock(block, kNoOrder, parent, QueryUse::kDerived, nullptr, nullptr));
+    if (parts.back().columns.size() != parts[0].columns.size()) {
+      Raise(205, "All queries combined using a UNION, INTERSECT or EXCEPT operator must have an equal number of "
+                 "expressions in their target lists.");
+    }
+  }
+  QuerySql result;
+  result.columns = parts[0].columns;
+  for (std::size_t c = 0; c < result.columns.size(); ++c) {
+    for (const QuerySql& part : parts) {
+      result.columns[c].type = CommonType(result.columns[c].type, part.columns[c].type);
+    }
+  }
+  // Every part gives columns u1, u2, … converted to the common types.
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    std::vector<std::string> items;
+    std::vector<std::string> names;
+    for (std::size_t c = 0; c < result.columns.size(); ++c) {
+      Sql item = parts[i].items[c];
+      item.text = fmt::format("u{}", c + 1);
+      item.nocase = false;
+      item.literal = false;
+      item.constant.clear();
+      item = Convert(std::move(item), result.columns[c].type, ConvertMode::kImplicit);
+      items.push_back(Collated(item));
+      names.push_back(fmt::format("u{}", c + 1));
+    }
+    if (i > 0) result.text += SetWord(query.operators[i - 1]);
+    const std::string alias = NewAlias();
+    result.text += fmt::format("SELECT {} FROM (WITH {}({}) AS ({}) SELECT * FROM {})", Joined(items, ", "), alias,
+                               Joined(names, ", "), parts[i].text, alias);
+  }
+  for (std::size_t c = 0; c < result.columns.size(); ++c) {
+    Sql item;
+    item.type = result.columns[c].type;
+    item.text = fmt::format("u{}", c + 1);
+    result.items.push_back(std::move(item));
+  }
+  if (!query.order_by.empty()) {
+    const Scope empty;
+    result.text += " ORDER BY " + OrderList(query.order_by, query.blocks[0], result.items, result.columns, empty);
+  }
+  const std::string alias = NewAlias();
+  std::vector<std::string> names;
+  std::vector<std::string> outputs;
+  for (std::size_t c = 0; c < result.columns.size(); ++c) {
+    names.push_back(result.items[c].text);
+    if (targets != nullptr && c < targets->size()) {
+      result.items[c] = Convert(std::move(result.items[c]), (*targets)[c], target_mode_);
+    }
+    outputs.push_back(result.items[c].text);
+    if (!result.columns[c].name.empty()) outputs.back() += " AS " + QuoteName(result.columns[c].name);
+  }
+  result.text = fmt::format("SELECT {} FROM (WITH {}({}) AS ({}) SELECT * FROM {})", Joined(outputs, ", "), alias,
+                            Joined(names, ", "), result.text, alias);
+  return result;
+}
+
+QuerySql Translator::TranslateBlock(const QueryBlock& block, const std::vector<OrderItem>& order, const Scope* parent,
+                                    QueryUse use, Plan* plan, const std::vector<ColumnType>* targets) {
+  Scope scope;
+  scope.parent = parent;
+  std::string source = FromList(block.from, scope);
+  if (!source.empty()) source = " FROM " + source;
+  if (block.where != nullptr) source += " WHERE " + Condition(*block.where, scope);
+  if (parent != nullptr) RequestIndexes(block, scope);
+
+  const bool grouped = IsGrouped(block, order);
+  GroupContext groups;
+  if (block.grouping == Grouping::kRollup) {
+    if (plan == nullptr) RaiseNotSupported("WITH ROLLUP in a subquery or UNION", block.line);
+    if (block.distinct) RaiseNotSupported("DISTINCT WITH ROLLUP", block.line);
+    plan->has_rollup = true;
+    groups.rollup = &plan->rollup;
+  }
+  if (grouped) {
+    PrepareGroups(block, scope, groups);
+    scope.groups = &groups;
+  }
+
+  QuerySql result;
+  result.items = SelectItems(block, scope, result.columns);
+  std::string having;
+  if (block.having != nullptr) {
+    groups.clause = "HAVING clause";
+    groups.error = 8121;
+    having = Condition(*block.having, scope);
+  }
+  std::string tail;
+  if (!order.empty()) {
+    groups.error = 8127;
+    tail = " ORDER BY " + OrderList(order, block, result.items, result.columns, scope);
+  }
+  tail += Limit(block);
+
+  // The caller reports a count that does not match, in the words of its statement.
+  if (targets != nullptr && targets->size() != result.items.size()) return result;
+  std::vector<std::string> outputs;
+  for (std::size_t i = 0; i < result.items.size(); ++i) {
+    Sql& item = result.items[i];
+    item = targets != nullptr ? Convert(std::move(item), (*targets)[i], target_mode_) : Exact(std::move(item));
+    outputs.push_back(block.distinct ? Collated(item) : item.text);
+    if (use == QueryUse::kDerived && !result.columns[i].name.empty()) {
+      outputs.back() += " AS " + QuoteName(result.columns[i].name);
+    }
+  }
+  if (use == QueryUse::kSubquery && outputs.size() == 1 && !AtMostOneRow(block)) {
+    const bool simple = !grouped && !block.distinct && block.top == nullptr;
+    if (simple) {
+      result.text = fmt::format("SELECT ts_one({}){}", outputs[0], source);
+      return result;
+    }
+    if (groups.rollup == nullptr) {
+      outputs[0] += " AS x";
+      use = QueryUse::kDerived;
+      result.text = "SELECT ts_one(x) FROM (";
+    }
+  }
+  const bool wrapped = !result.text.empty();
+  result.text += block.distinct ? "SELECT DISTINCT " : "SELECT ";
+  result.text += Joined(outputs, ", ");
+  if (groups.rollup != nullptr) {
+    std::vector<std::string> base;
+    for (const Sql& key : groups.keys) base.push_back(key.text);
+    base.insert(base.end(), plan->rollup.arguments.begin(), plan->rollup.arguments.end());
+    plan->rollup.base_sql = "SELECT " + Joined(base, ", ") + source;
+    result.text += fmt::format(" FROM {} AS {}", kGroupsTable, groups.alias);
+    if (!having.empty()) result.text += " WHERE " + having;
+  } else {
+    result.text += source;
+    if (!groups.keys.empty()) {
+      std::vector<std::string> keys;
+      for (const Sql& key : groups.keys) keys.push_back(Collated(key));
+      result.text += " GROUP BY " + Joined(keys, ", ");
+    }
+    if (!having.empty()) result.text += " HAVING " + having;
+  }
+  result.text += tail;
+  if (wrapped) result.text += ")";
+  return result;
+}
+
+std::string Translator::NewAlias() { return fmt::format("s{}", ++alias_count_); }
+
+std::string Translator::FromList(const std::vector<TableSourcePtr>& list, Scope& scope) {
+  std::string text;
+  for (const TableSourcePtr& source : list) {
+    if (!text.empty()) text += ", ";
+    text += Join(*source, scope);
+  }
+  return text;
+}
+
+std::string Translator::Join(const TableSource& source, Scope& scope) {
+  if (source.left == nullptr) return TableOrDerived(source, scope);
+  static constexpr std::string_view kWords[] = {" JOIN ", " LEFT JOIN ", " RIGHT JOIN ", " FULL JOIN ", " CROSS JOIN "};
+  std::string text = Join(*source.left, scope);
+  text += kWords[static_cast<std::size_t>(source.join)];
+  const bool nested = source.right->left != nullptr;
+  text += nested ? "(" + Join(*source.right, scope) + ")" : Join(*source.right, scope);
+  if (source.on != nullptr) text += " ON " + Condition(*source.on, scope);
+  return text;
+}
+
+std::string Translator::TableOrDerived(const TableSource& source, Scope& scope) {
+  Source entry;
+  entry.sql_alias = NewAlias();
+  if (source.query == nullptr) {
+    entry.table = catalog_.Get(source.name);
+    entry.alias = source.alias.empty() ? source.name.back() : source.alias;
+    const std::string text = entry.table->sql + " AS " + entry.sql_alias;
+    AddSource(scope, std::move(entry));
+    return text;
+  }
+  const QuerySql query = TranslateQuery(*source.query, scope.parent, QueryUse::kDerived, nullptr, nullptr);
+  auto table = std::make_shared<TableInfo>();
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < query.columns.size(); ++i) {
+    ColumnInfo column;
+    column.name = i < source.column_aliases.size() ? source.column_aliases[i] : query.columns[i].name;
+    column.type = query.columns[i].type;
+    if (column.name.empty()) {
+      Raise(8155, fmt::format("No column name was specified for column {} of '{}'.", i + 1, source.alias));
+    }
+    if (table->Find(column.name) >= 0) {
+      Raise(8156, fmt::format("The column '{}' was specified multiple times for '{}'.", column.name, source.alias));
+    }
+    names.push_back(QuoteName(column.name));
+    table->columns.push_back(std::move(column));
+  }
+  table->name = source.alias;
+  entry.table = table;
+  entry.alias = source.alias;
+  entry.derived = true;
+  std::string text = fmt::format("({}) AS {}", query.text, entry.sql_alias);
+  if (!source.column_aliases.empty()) {
+    text = fmt::format("(WITH d({}) AS ({}) SELECT * FROM d) AS {}", Joined(names, ", "), query.text, entry.sql_alias);
+  }
+  AddSource(scope, std::move(entry));
+  return text;
+}
+
+void Translator::AddSource(Scope& scope, Source source) const {
+  if (FindSource(source.alias, scope) >= 0) {
+    Raise(1013, fmt::format("The objects \"{0}\" and \"{0}\" in the FROM clause have the same exposed names. Use "
+                            "correlation names to distinguish them.",
+                            source.alias));
+  }
+  scope.sources.push_back(std::move(source));
+}
+
+std::vector<Sql> Translator::SelectItems(const QueryBlock& block, Scope& scope, std::vector<Column>& columns) {
+  std::vector<Sql> items;
+  for (const SelectItem& item : block.items) {
+    if (item.expression->kind == ExpressionKind::kStar) {
+      ExpandStar(*item.expression, scope, items, columns);
+      continue;
+    }
+    items.push_back(Value(*item.expression, scope));
+    columns.push_back(Column{ItemName(item), items.back().type});
+  }
+  return items;
+}
+
+void Translator::ExpandStar(const Expression& star, const Scope& scope, std::vector<Sql>& items,
+                            std::vector<Column>& columns) {
+  if (scope.sources.empty()) Raise(263, "Must specify table to select from.");
+  bool found = false;
+  for (const Source& source : scope.sources) {
+    if (!star.name.empty() && !EqualNames(source.alias, star.name.back())) continue;
+    found = true;
+    for (const ColumnInfo& info : source.table->columns) {
+      Expression column;
+      column.kind = ExpressionKind::kColumn;
+      column.name = {source.alias, info.name};
+      items.push_back(Value(column, scope));
+      columns.push_back(Column{info.name, info.type});
+    }
+  }
+  if (!found) {
+    Raise(107, fmt::format("The column prefix '{}' does not match with a table name or alias name used in the query.",
+                           fmt::join(star.name, ".")));
+  }
+}
+
+std::string Translator::OrderList(const std::vector<OrderItem>& order, const QueryBlock& block,
+                                  const std::vector<Sql>& items, const std::vector<Column>& columns,
+                                  const Scope& scope) {
+  std::vector<std::string> parts;
+  const bool of_union = scope.sources.empty() && !block.from.empty();
+  for (const OrderItem& item : order) {
+    const Expression& e = *item.expression;
+    int ordinal = -1;
+    if (e.kind == ExpressionKind::kInteger) {
+      ordinal = static_cast<int>(ReadInteger(e.text).value_or(0)) - 1;
+      if (ordinal < 0 || ordinal >= static_cast<int>(items.size())) {
+        Raise(108, fmt::format("The ORDER BY position number {} is out of range of the number of items in the select "
+                               "list.",
+                               e.text));
+      }
+    } else if (e.kind == ExpressionKind::kColumn && e.name.size() == 1) {
+      // A name means the select list first. Only there a made-up name can stand.
+      for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (!EqualNames(columns[i].name, e.name[0])) continue;
+        const bool made_up = of_union || i >= block.items.size() || !block.items[i].alias.empty();
+        if (made_up && ordinal < 0) ordinal = static_cast<int>(i);
+      }
+    }
+    std::string text;
+    if (ordinal >= 0) {
+      const Sql& target = items[static_cast<std::size_t>(ordinal)];
+      text = std::to_string(ordinal + 1);
+      if (target.type.IsText() && !target.nocase) text += " COLLATE NOCASE";
+    } else {
+      if (of_union) {
+        Raise(104, "ORDER BY items must appear in the select list if the statement contains a UNION, INTERSECT or EXCEPT "
+                   "operator.");
+      }
+      text = Collated(Value(e, scope));
+    }
+    parts.push_back(text + (item.descending ? " DESC" : ""));
+  }
+  return Joined(parts, ", ");
+}
+
+std::string Translator::Limit(const QueryBlock& block) {
+  if (block.top == nullptr) return {};
+  const Scope empty;
+  const Sql count = Convert(Value(*block.top, empty), IntegerType(TypeKind::kBigInt), ConvertMode::kImplicit);
+  return " LIMIT " + count.text;
+}
+
+}  // namespace salerpt::tsql

@@ -1,0 +1,323 @@
+// What a dialog gives when it is confirmed as it opens.
+#include "dialogs/unattended_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "tests/runtime/error_check.h"
+#include "tests/runtime/fake_object.h"
+#include "tests/runtime/fake_world.h"
+
+namespace salerpt {
+namespace {
+
+using testing::FakeRef;
+
+std::string Keys(const Dictionary& filter) {
+  std::string keys;
+  for (const Dictionary::Entry& entry : filter.Entries()) {
+    if (!keys.empty()) keys += ' ';
+    keys += entry.key;
+  }
+  return keys;
+}
+
+class UnattendedDialogTest : public ::testing::Test {
+ protected:
+  UnattendedDialogTest() {
+    runtime_.SetPlatform(std::make_shared<testing::FakePlatform>("/nowhere"));  // it is 2003-07-01, 8:30
+    testing::LogIn(runtime_, "UserName=abc;UserID=16394;");
+    profile_ = testing::RegisterFake(runtime_, "ORVEBSBase.SystemProfile");
+    profile_->On("GetProfile", [](Arguments arguments) -> Variant {
+      const std::string key = arguments[1].ToText() + "/" + arguments[2].ToText();
+      if (key == "IC/CurrentYear") return "2003";
+      if (key == "IC/CurrentPeriod") return "6";
+      if (key == "GL/PeriodCount") return "12";
+      if (key == "IC/StartYear") return "2001";
+      if (key == "IC/StartPeriod") return "1";
+      return Null();
+    });
+    reports_ = testing::RegisterFake(runtime_, "ORVMSaleRpt.Data");
+    reports_->Gives("GetItemMaxLevel", 5);
+    RegisterUnattendedDialogs(runtime_);
+  }
+  static UnattendedDialog Open(std::string_view name) {
+    const DialogTable* table = FindDialogTable(name);
+    if (table == nullptr) throw RuntimeError(error_number::kInvalidCall, "", "no such dialog");
+    return UnattendedDialog(*table);
+  }
+  static DictionaryRef Confirmed(UnattendedDialog& dialog) {
+    dialog.Confirm();
+    return dialog.Filter();
+  }
+  // "SumField" for a row of "sum by".
+  static DictionaryRef SumField(std::int32_t code) {
+    UnattendedDialog dialog = Open("frmFirter128");
+    dialog.Choose("SumMode", code);
+    return As<Dictionary>(Confirmed(dialog)->Get("SumField"));
+  }
+  static std::string SumName(std::int32_t code) {
+    UnattendedDialog dialog = Open("frmFirter128");
+    dialog.Choose("SumMode", code);
+    return Confirmed(dialog)->Get("SumName").ToText();
+  }
+
+  Runtime runtime_;
+  FakeRef profile_, reports_;
+};
+
+// --- frmFilter147
+
+TEST_F(UnattendedDialogTest, WritesTheKeysOfThePeriodDialogInOrder) {
+  UnattendedDialog dialog = Open("frmFilter147");
+  EXPECT_EQ(Keys(*Confirmed(dialog)),
+            "OK BYear BPeriod EYear EPeriod BItemNumber EItemNumber BEmpNumber EEmpNumber BDptNumber "
+            "EDptNumber BCustNumber ECustNumber CheckState");
+}
+
+TEST_F(UnattendedDialogTest, OpensThePeriodDialogOnTheCurrentPeriod) {
+  UnattendedDialog dialog = Open("frmFilter147");
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("OK"), Variant(true));
+  EXPECT_EQ(filter->Get("BYear").ToInt32(), 2003);
+  EXPECT_EQ(filter->Get("BPeriod").ToInt32(), 6);
+  EXPECT_EQ(filter->Get("EYear").ToInt32(), 2003);
+  EXPECT_EQ(filter->Get("EPeriod").ToInt32(), 6);
+  EXPECT_TRUE(filter->Get("BYear").IsNumber());
+  EXPECT_TRUE(filter->Get("EPeriod").IsNumber());
+}
+
+TEST_F(UnattendedDialogTest, LeavesTheCodeRangesOfThePeriodDialogOpen) {
+  UnattendedDialog dialog = Open("frmFilter147");
+  const DictionaryRef filter = Confirmed(dialog);
+  for (const char* key : {"BItemNumber", "EItemNumber", "BEmpNumber", "EEmpNumber", "BDptNumber",
+                          "EDptNumber", "BCustNumber", "ECustNumber"}) {
+    EXPECT_EQ(filter->Get(key), Variant("")) << key;
+  }
+  EXPECT_EQ(filter->Get("CheckState").ToInt32(), 0);
+}
+
+TEST_F(UnattendedDialogTest, OpensThePeriodDialogThoughTheProfileCannotBeRead) {
+  profile_->Raises("GetProfile", RuntimeError(5, "SystemProfile", "没有连接"));
+  UnattendedDialog dialog = Open("frmFilter147");
+  EXPECT_NO_THROW(dialog.Confirm());
+  EXPECT_EQ(dialog.Filter()->Get("OK"), Variant(true));
+}
+
+// --- frmFirter128
+
+TEST_F(UnattendedDialogTest, WritesTheKeysOfTheOutboundDialogInOrder) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_EQ(Keys(*Confirmed(dialog)),
+            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber GroupBy OnlyShowSum BLevel ELevel "
+            "SumMode SumName SaleType SaleTypeName SumField FROB CheckState chkNextChoose CommodityType "
+            "Orderby");
+}
+
+TEST_F(UnattendedDialogTest, OpensTheOutboundDialogWithItsDefaults) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("OK"), Variant(true));
+  EXPECT_EQ(filter->Get("BDate"), Variant("2003-07-01"));
+  EXPECT_EQ(filter->Get("EDate"), Variant("2003-07-01"));
+  for (const char* key : {"BItemNumber", "EItemNumber", "BCustNumber", "ECustNumber"}) {
+    EXPECT_EQ(filter->Get(key), Variant("")) << key;
+  }
+  EXPECT_EQ(filter->Get("GroupBy").ToInt32(), 1);
+  EXPECT_EQ(filter->Get("OnlyShowSum").ToInt32(), 1);
+  EXPECT_EQ(filter->Get("BLevel").ToInt32(), 1);
+  EXPECT_EQ(filter->Get("ELevel").ToInt32(), 5);
+  EXPECT_EQ(filter->Get("SumMode").ToInt32(), 1);
+  EXPECT_EQ(filter->Get("SumName"), Variant("物料类别"));
+  EXPECT_EQ(filter->Get("SaleType").ToInt32(), 1);
+  EXPECT_EQ(filter->Get("SaleTypeName"), Variant("全部"));
+  EXPECT_EQ(filter->Get("FROB").ToInt32(), 0);
+  EXPECT_EQ(filter->Get("CheckState").ToInt32(), 0);
+  EXPECT_EQ(filter->Get("chkNextChoose").ToInt32(), 0);
+  EXPECT_EQ(filter->Get("CommodityType").ToInt32(), 0);
+}
+
+TEST_F(UnattendedDialogTest, WritesLevelsAsDoubles) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("BLevel"), Variant(1.0));
+  EXPECT_EQ(filter->Get("ELevel"), Variant(5.0));
+}
+
+// The row of "sum by" is selected while the dialog opens, and pulls the levels into those that there are.
+TEST_F(UnattendedDialogTest, EndsAtTheDeepestLevelThatItemsHave) {
+  reports_->Gives("GetItemMaxLevel", 3);
+  UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_EQ(Confirmed(dialog)->Get("ELevel").ToInt32(), 3);
+  EXPECT_EQ(Confirmed(dialog)->Get("BLevel").ToInt32(), 1);
+}
+
+TEST_F(UnattendedDialogTest, EndsAtTheFirstLevelWhereItemsHaveNone) {
+  reports_->Gives("GetItemMaxLevel", 0);
+  UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_EQ(Confirmed(dialog)->Get("ELevel").ToInt32(), 1);
+  EXPECT_EQ(Confirmed(dialog)->Get("BLevel").ToInt32(), 1);
+}
+
+// A plan without an order sorts by item code.
+TEST_F(UnattendedDialogTest, SortsByTheItemCodeInUse) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_EQ(Confirmed(dialog)->Get("Orderby"), Variant("FNumber ASC"));
+}
+
+// --- "Sum by"
+
+TEST_F(UnattendedDialogTest, NamesTheRowOfEachGroupByCode) {
+  EXPECT_EQ(SumName(1), "物料类别");
+  EXPECT_EQ(SumName(2), "客户类别");
+  EXPECT_EQ(SumName(3), "物料类别+客户");
+  EXPECT_EQ(SumName(4), "客户+物料类别");
+  EXPECT_EQ(SumName(5), "客户");
+  EXPECT_EQ(SumName(6), "业务员");
+  EXPECT_EQ(SumName(9), "部门");
+  EXPECT_EQ(SumName(10), "部门+业务员");
+  EXPECT_EQ(SumName(7), "销售方式");
+  EXPECT_EQ(SumName(8), "客户类别+客户");
+  EXPECT_EQ(SumName(11), "客户+业务员");
+  EXPECT_EQ(SumName(12), "业务员+客户+物料类别");
+}
+
+TEST_F(UnattendedDialogTest, ListsTheRowsOfTheBoxInOrder) {
+  std::string rows;
+  for (const auto& row : FindDialogTable("frmFirter128")->group_by) {
+    rows += std::string(row.text) + " " + std::to_string(row.code) + "|";
+  }
+  EXPECT_EQ(rows,
+            "物料类别 1|客户类别 2|物料类别+客户 3|客户+物料类别 4|客户 5|业务员 6|部门 9|部门+业务员 10|"
+            "销售方式 7|客户类别+客户 8|客户+业务员 11|业务员+客户+物料类别 12|");
+}
+
+TEST_F(UnattendedDialogTest, DescribesTheSaleStyle) {
+  const DictionaryRef field = SumField(7);
+  EXPECT_EQ(field->Get("FItemClassID").ToInt32(), 1);
+  EXPECT_EQ(field->Get("FName"), Variant("销售方式"));
+  EXPECT_EQ(field->Get("FPropID").ToInt32(), 29);
+  EXPECT_EQ(field->Get("FSQLColumnName"), Variant("FSaleStyle"));
+  EXPECT_EQ(field->Get("FSrcTable"), Variant("t_SubMessage"));
+  EXPECT_EQ(field->Get("FSrcField"), Variant("FInterID"));
+  EXPECT_EQ(field->Get("FDisplayField"), Variant("FName"));
+}
+
+// The keys that every description built by the dialog has, whatever row is selected.
+void ExpectPlainColumn(const Dictionary& field) {
+  EXPECT_EQ(field.Get("FPropID").ToInt32(), 0);
+  EXPECT_TRUE(field.Lookup("FPropID"));
+  EXPECT_EQ(field.Get("FSQLColumnName"), Variant("FName"));
+  EXPECT_EQ(field.Get("FSrcTable"), Variant(""));
+  EXPECT_EQ(field.Get("FSrcField"), Variant(""));
+  EXPECT_EQ(field.Get("FDisplayField"), Variant(""));
+}
+
+TEST_F(UnattendedDialogTest, DescribesCustomerAndEmployeeInTheCustomersClass) {
+  for (const auto& [code, name] : {std::pair{5, "客户"}, std::pair{6, "业务员"}}) {
+    const DictionaryRef field = SumField(code);
+    EXPECT_EQ(field->Get("FItemClassID").ToInt32(), 1) << code;
+    EXPECT_EQ(field->Get("FName"), Variant(name));
+    ExpectPlainColumn(*field);
+  }
+}
+
+TEST_F(UnattendedDialogTest, DescribesTheRowsWithEmployeeWithoutAClass) {
+  for (const auto& [code, name] : {std::pair{10, "部门"}, std::pair{11, "客户"}}) {
+    const DictionaryRef field = SumField(code);
+    EXPECT_FALSE(field->Lookup("FItemClassID")) << code;
+    EXPECT_EQ(field->Get("FName"), Variant(name));
+    ExpectPlainColumn(*field);
+  }
+}
+
+TEST_F(UnattendedDialogTest, DescribesTheOtherRowsWithNeitherClassNorName) {
+  for (const int code : {1, 2, 3, 4, 8, 9, 12}) {
+    const DictionaryRef field = SumField(code);
+    ASSERT_NE(field, nullptr) << code;
+    EXPECT_FALSE(field->Lookup("FItemClassID")) << code;
+    EXPECT_FALSE(field->Lookup("FName")) << code;
+    ExpectPlainColumn(*field);
+  }
+}
+
+// --- Choosing
+
+TEST_F(UnattendedDialogTest, ConfirmsWhatWasChosenInItsPlace) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  dialog.Choose("edate", "2003-12-31");
+  dialog.Choose("OnlyShowSum", 0);
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("EDate"), Variant("2003-12-31"));
+  EXPECT_EQ(filter->Get("OnlyShowSum").ToInt32(), 0);
+  EXPECT_EQ(filter->Entries()[2].key, "EDate");
+}
+
+TEST_F(UnattendedDialogTest, KeepsANameAndADescriptionThatWereChosen) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  const auto field = std::make_shared<Dictionary>();
+  dialog.Choose("SumMode", 5);
+  dialog.Choose("SumName", "自定义");
+  dialog.Choose("SumField", field);
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("SumName"), Variant("自定义"));
+  EXPECT_EQ(filter->Get("SumField").ToObject(), field);
+}
+
+TEST_F(UnattendedDialogTest, RefusesAKeyThatIsNotItsOwn) {
+  UnattendedDialog dialog = Open("frmFilter147");
+  EXPECT_EQ(NumberRaisedBy([&] { dialog.Choose("BDate", "2003-01-01"); }), error_number::kInvalidCall);
+  const std::string description = DescriptionRaisedBy([&] { dialog.Choose("BDate", ""); });
+  EXPECT_NE(description.find("BDate"), std::string::npos) << description;
+  EXPECT_NE(description.find("frmFilter147"), std::string::npos) << description;
+}
+
+TEST_F(UnattendedDialogTest, KnowsItsKeysInAnyCase) {
+  const UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_TRUE(dialog.HasKey("SumField"));
+  EXPECT_TRUE(dialog.HasKey("orderby"));
+  EXPECT_FALSE(dialog.HasKey("OK"));
+  EXPECT_FALSE(dialog.HasKey("BYear"));
+}
+
+TEST_F(UnattendedDialogTest, TellsTheDefaultOfAKey) {
+  const UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_EQ(dialog.Default("BDate"), Variant("2003-07-01"));
+  EXPECT_EQ(dialog.Default("SumMode").ToInt32(), 1);
+  EXPECT_EQ(NumberRaisedBy([&] { dialog.Default("BYear"); }), error_number::kInvalidCall);
+}
+
+// --- As reports use it
+
+TEST_F(UnattendedDialogTest, HasNoAnswerBeforeItIsConfirmed) {
+  const UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_TRUE(!dialog.Filter() || !dialog.Filter()->Get("OK").ToBoolean());
+}
+
+TEST_F(UnattendedDialogTest, IsMadeByItsClassName) {
+  for (const char* name : {"frmFilter147", "frmFirter128"}) {
+    const auto dialog = runtime_.MakeDialog(name);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->Name(), name);
+  }
+  EXPECT_EQ(NumberRaisedBy([this] { runtime_.MakeDialog("frmFilter128"); }), error_number::kObjectMaker);
+}
+
+TEST_F(UnattendedDialogTest, ConfirmsForAPlanToo) {
+  const auto dialog = runtime_.MakeDialog("frmFirter128");
+  dialog->SetRptID(166);
+  dialog->ShowFinish("月报");
+  ASSERT_NE(dialog->Filter(), nullptr);
+  EXPECT_EQ(dialog->Filter()->Get("OK"), Variant(true));
+}
+
+TEST_F(UnattendedDialogTest, HasNoTableForOtherDialogs) {
+  EXPECT_EQ(FindDialogTable("frmFirter126"), nullptr);
+  EXPECT_EQ(FindDialogTable(""), nullptr);
+  EXPECT_NE(FindDialogTable("FRMFIRTER128"), nullptr);
+}
+
+}  // namespace
+}  // namespace salerpt
