@@ -9,6 +9,7 @@
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/text.h"
+#include "sqltoolkit/filter_values.h"
 
 namespace salerpt {
 namespace {
@@ -34,19 +35,19 @@ constexpr std::array kKeysOf128 = {
     DialogKey{"ECustNumber", kEmptyText},
     DialogKey{"GroupBy", kOne},
     DialogKey{"OnlyShowSum", kOne},
-    DialogKey{"BLevel", kOne},
-    DialogKey{"ELevel", kFive},
+    DialogKey{"BLevel", kBeginLevel},
+    DialogKey{"ELevel", kEndLevel},
     DialogKey{"SumMode", kOne},
-    DialogKey{"SumName", kEmptyText},
+    DialogKey{"SumName", kSumName},
     // Item data of the first row of the sale style box, "全部".
     DialogKey{"SaleType", kOne},
-    DialogKey{"SaleTypeName", kEmptyText},
-    DialogKey{"SumField", kEmptyText},
+    DialogKey{"SaleTypeName", kAllSaleTypes},
+    DialogKey{"SumField", kSumField},
     DialogKey{"FROB", kZero},
     DialogKey{"CheckState", kZero},
     DialogKey{"chkNextChoose", kZero},
     DialogKey{"CommodityType", kZero},
-    DialogKey{"Orderby", kEmptyText},
+    DialogKey{"Orderby", kItemCodeOrder},
 };
 
 constexpr std::array<DialogTable::GroupByRow, 12> kGroupByOf128 = {{
@@ -83,24 +84,65 @@ constexpr std::array<DialogTable, 2> kTables = {{
 std::int32_t ProfileNumber(std::string_view key) {
   try {
     const ObjectRef profile = ObjectFactory::CreateServerObject("ORVEBSBase.SystemProfile");
-    return static_cast<std::int32_t>(
-        Val(Call(profile, "GetProfile", GetPropsString(), "IC", key).TextOrEmpty()));
+    return Variant(Val(Call(profile, "GetProfile", GetPropsString(), "IC", key).TextOrEmpty())).ToInt32();
   } catch (const RuntimeError&) {
     return 0;
   }
 }
 
-DictionaryRef SumFieldOf(const SumFieldRow* row) {
+// The class whose levels a row of "sum by" shows; 0 for a row without levels.
+std::int32_t LevelClassOf(std::int32_t sum_mode) {
+  switch (sum_mode) {
+    case 1:
+    case 3:
+    case 4:
+    case 12:
+      return 4;
+    case 2:
+    case 8:
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+// The end level that opens with the dialog: 5, or the tree's depth where that is less. A depth of 0 reads as
+// 1, as at confirmation. Without a middle tier the 5 stays.
+std::int32_t EndLevel(std::int32_t item_class_id) {
+  constexpr std::int32_t kDeepest = 5;
+  if (item_class_id == 0) return kDeepest;
+  try {
+    const ObjectRef data = CreateObject("ORVMSaleRpt.Data");
+    const std::int32_t depth = Call(data, "GetItemMaxLevel", GetPropsString(), item_class_id).ToInt32();
+    return std::clamp(depth, 1, kDeepest);
+  } catch (const RuntimeError&) {
+    return kDeepest;
+  }
+}
+
+// A row that is not described groups by nothing of its own: it has neither class nor name.
+constexpr SumFieldRow kPlainRow{0, "", 0, 0, "FName", "", "", ""};
+
+DictionaryRef SumFieldOf(const DialogTable& table, std::int32_t sum_mode) {
+  const auto found = std::find_if(table.sum_fields.begin(), table.sum_fields.end(),
+                                  [sum_mode](const SumFieldRow& row) { return row.code == sum_mode; });
+  const SumFieldRow& row = found == table.sum_fields.end() ? kPlainRow : *found;
   auto field = std::make_shared<Dictionary>();
-  if (row == nullptr) return field;
-  if (row->item_class_id != 0) field->Set("FItemClassID", row->item_class_id);
-  field->Set("FName", ResText(row->name));
-  field->Set("FPropID", row->prop_id);
-  field->Set("FSQLColumnName", row->sql_column_name);
-  field->Set("FSrcTable", row->src_table);
-  field->Set("FSrcField", row->src_field);
-  field->Set("FDisplayField", row->display_field);
+  if (row.item_class_id != 0) field->Set("FItemClassID", row.item_class_id);
+  if (!row.name.empty()) field->Set("FName", ResText(row.name));
+  field->Set("FPropID", row.prop_id);
+  field->Set("FSQLColumnName", row.sql_column_name);
+  field->Set("FSrcTable", row.src_table);
+  field->Set("FSrcField", row.src_field);
+  field->Set("FDisplayField", row.display_field);
   return field;
+}
+
+std::string SumNameOf(const DialogTable& table, std::int32_t sum_mode) {
+  for (const DialogTable::GroupByRow& row : table.group_by) {
+    if (row.code == sum_mode) return ResText(row.text);
+  }
+  return {};
 }
 
 const DialogKey* FindKey(const DialogTable& table, std::string_view key) {
@@ -138,24 +180,15 @@ void UnattendedDialog::Choose(std::string_view key, Variant value) {
   chosen_.Set(key, std::move(value));
 }
 
+std::int32_t UnattendedDialog::Chosen(std::string_view key, std::int32_t preset) const {
+  return chosen_.Lookup(key) ? chosen_.Get(key).ToInt32() : preset;
+}
+
 std::int32_t UnattendedDialog::ChosenSumMode() const {
-  return chosen_.Lookup("SumMode") ? chosen_.Get("SumMode").ToInt32() : table_.group_by.front().code;
+  return Chosen("SumMode", table_.group_by.empty() ? 0 : table_.group_by.front().code);
 }
 
 Variant UnattendedDialog::ValueOf(const DialogKey& key) const {
-  if (key.key == "SumName") {
-    for (const DialogTable::GroupByRow& row : table_.group_by) {
-      if (row.code == ChosenSumMode()) return ResText(row.text);
-    }
-    return "";
-  }
-  if (key.key == "SumField") {
-    for (const SumFieldRow& row : table_.sum_fields) {
-      if (row.code == ChosenSumMode()) return SumFieldOf(&row);
-    }
-    return SumFieldOf(nullptr);
-  }
-  if (key.key == "SaleTypeName") return ResText("全部");
   switch (key.value) {
     case kEmptyText:
       return "";
@@ -163,16 +196,25 @@ Variant UnattendedDialog::ValueOf(const DialogKey& key) const {
       return 0;
     case kOne:
       return 1;
-    case kFive:
-      return 5;
-    case kToday: {
-      const std::string now = Runtime::Current().GetPlatform().Now().ToText();
-      return now.substr(0, 10);
-    }
+    case kToday:
+      return Runtime::Current().GetPlatform().Now().ToText().substr(0, 10);
     case kCurrentYear:
       return ProfileNumber("CurrentYear");
     case kCurrentPeriod:
       return ProfileNumber("CurrentPeriod");
+    case kBeginLevel:
+      return 1.0;
+    case kEndLevel:
+      return static_cast<double>(EndLevel(LevelClassOf(ChosenSumMode())));
+    case kSumName:
+      return SumNameOf(table_, ChosenSumMode());
+    case kSumField:
+      return SumFieldOf(table_, ChosenSumMode());
+    case kAllSaleTypes:
+      return ResText("全部");
+    case kItemCodeOrder:
+      return Chosen("GroupBy", 1) == 0 && Chosen("OnlyShowSum", 1) == 1 ? std::string()
+                                                                        : Join(CodeField(), " ASC");
   }
   return {};
 }

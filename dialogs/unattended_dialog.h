@@ -16,10 +16,15 @@ enum class DefaultValue : std::uint8_t {
   kEmptyText,
   kZero,
   kOne,
-  kFive,
   kToday,
   kCurrentYear,
-  kCurrentPeriod
+  kCurrentPeriod,
+  kBeginLevel,    // 1, as a double
+  kEndLevel,      // 5, or the depth of the tree that is grouped by
+  kSumName,       // text of the chosen row of "sum by"
+  kSumField,      // its description
+  kAllSaleTypes,  // "全部"
+  kItemCodeOrder  // the item code, ascending; nothing where only totals of an ungrouped list are asked
 };
 
 struct DialogKey {
@@ -80,6 +85,7 @@ class UnattendedDialog final : public FilterDialog {
 
  private:
   [[nodiscard]] Variant ValueOf(const DialogKey& key) const;
+  [[nodiscard]] std::int32_t Chosen(std::string_view key, std::int32_t preset) const;
   [[nodiscard]] std::int32_t ChosenSumMode() const;
 
   const DialogTable& table_;

@@ -88,7 +88,7 @@ void Report::RetrySetUp() {
 }
 
 std::int32_t Report::PlanFamily() const {
-  return static_cast<std::int32_t>(Val(ext_filter_));
+  return Variant(Val(ext_filter_)).ToInt32();
 }
 
 void Report::ShowFilter(bool auto_filter) {
@@ -222,8 +222,8 @@ bool Report::GetRsBySQL(std::string_view sql, RecordsetRef& rows) {
     const ObjectRef server = ObjectFactory::CreateServerObject("ORVListServer.clsListServer");
     rows = As<Recordset>(Call(server, "Users_GetDataFreely", GetPropsString(), sql, std::int32_t{-1}));
     return true;
-  } catch (const RuntimeError& failure) {
-    Runtime::Current().GetToolkit().MessageBox(Join(ResText("数据访问错误："), kCrLf, failure.Description()),
+  } catch (const std::exception& failure) {
+    Runtime::Current().GetToolkit().MessageBox(Join(ResText("数据访问错误："), kCrLf, failure.what()),
                                                kBoxInformation, "青岚提示：");
     return false;
   }

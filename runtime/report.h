@@ -85,10 +85,17 @@ class Report : public Object {
   // failed set-up is tried again.
   template <typename Fetch>
   void RunFetch(Fetch&& fetch) {
-    try {
+    RunGuarded([&] {
       RetrySetUp();
       std::forward<Fetch>(fetch)();
       FinishFetch();
+    });
+  }
+  // The failing half of the closing frame alone, around what comes before a fetch.
+  template <typename Work>
+  void RunGuarded(Work&& work) {
+    try {
+      std::forward<Work>(work)();
     } catch (const std::exception& failure) {
       FailFetch(failure);
     }

@@ -6,6 +6,7 @@
 #include "runtime/text.h"
 #include "shell/failure.h"
 #include "shell/filter_file.h"
+#include "shell/interrupt.h"
 #include "shell/output_file.h"
 
 namespace salerpt::shell {
@@ -78,8 +79,11 @@ void Deliver(const Sheet& sheet, const ReportOptions& options, Shell& shell) {
     MakeRenderer(format, emphasis ? PrintOptions{kBold, kPlain} : PrintOptions{})->Render(sheet, shell.out);
     return;
   }
+  // Where the file system wants a name for the unfinished file, Ctrl-C must not leave it behind.
+  const InterruptGuard guard;
   OutputFile file(options.out_file);
   MakeRenderer(format, PrintOptions{})->Render(sheet, file.Stream());
+  InterruptGuard::Check();
   file.Commit();
 }
 

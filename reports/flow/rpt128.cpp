@@ -254,8 +254,11 @@ void Rpt128::BuildConditions() {
 
 void Rpt128::FetchData() {
   header_ = std::make_shared<Vector>();
+  // The user's field rights on outbound and on invoice amounts.
+  const ForceHide out_amount{static_cast<std::int16_t>(AccessCheck(1008, 2, 4) ? 0 : 1)};
+  const ForceHide invoice_amount{static_cast<std::int16_t>(AccessCheck(1008, 2, 16) ? 0 : 1)};
   const DictionaryRef request = BuildRequest();
-  AddCommonColumns();
+  AddCommonColumns(out_amount, invoice_amount);
   ReplacePlaceholders(*request);
   request->Set("RptID", "Rpt128");
 
@@ -387,11 +390,8 @@ void Rpt128::AddGroupColumns(int sum_mode) {
   }
 }
 
-void Rpt128::AddCommonColumns() {
+void Rpt128::AddCommonColumns(ForceHide out_amount, ForceHide invoice_amount) {
   const bool show = !(IsGrouped(Conditions()) && IsOnlySum());
-  // The user's field rights on outbound and on invoice amounts.
-  const ForceHide out_amount{static_cast<std::int16_t>(AccessCheck(1008, 2, 4) ? 0 : 1)};
-  const ForceHide invoice_amount{static_cast<std::int16_t>(AccessCheck(1008, 2, 16) ? 0 : 1)};
   const auto column = [this](std::string caption, std::string_view name, ColumnType type, bool visible,
                              ForceHide force_hide = {0}) {
     AddHeader(*header_, std::move(caption), "", type, name, visible, force_hide);

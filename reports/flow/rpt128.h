@@ -7,6 +7,7 @@
 
 #include "runtime/report.h"
 #include "runtime/report_interfaces.h"
+#include "sqltoolkit/report_header.h"
 
 namespace salerpt {
 
@@ -44,7 +45,7 @@ class Rpt128 final : public Report {
 
   // --- rpt128.cpp: columns, batch by item
   void AddGroupColumns(int sum_mode);
-  void AddCommonColumns();
+  void AddCommonColumns(ForceHide out_amount, ForceHide invoice_amount);
   [[nodiscard]] DictionaryRef BuildRequest();
   [[nodiscard]] DictionaryRef BuildByItem();
   void ReplacePlaceholders(Dictionary& request) const;

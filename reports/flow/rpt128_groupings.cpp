@@ -23,7 +23,7 @@ DictionaryRef Rpt128::GroupedRequest(std::string_view fill, const std::string& c
     insert = Join(Replace(create, "#DATA", "#TemData"), "\r\n",
                   Replace(Replace(insert, "#DATA", "#TemData"), "#TemData2", "#Data2"));
     update_text_ = Replace(update_text_, "#DATA", "#TemData");
-    resort = Join(ResortPass(columns, order_by), "Drop Table #TemOrder  Drop Table #TemData \r\n");
+    resort = Join(ResortPass(columns, order_by), "Drop Table #TemOrder  Drop Table #TemData ");
   }
 
   auto request = std::make_shared<Dictionary>();
@@ -143,6 +143,7 @@ struct Rpt128::OwnGroup {
   std::string_view invoice_style_value;
   // The report rows.
   std::string create_columns;
+  std::string_view create_end;
   std::string_view select;
   std::string_view sum_sort;
   std::string from;
@@ -194,7 +195,7 @@ DictionaryRef Rpt128::BuildByOwnGroup(const OwnGroup& group) {
       "Where v1.FTranType in (80,86)   ##CHECKSTATE##  ##CHECKDATE## ##CHECKITEM## \r\n",
       AndIfAny(invoice_where), "\r\n");
 
-  const std::string create = Join("CREATE TABLE #DATA(\r\n", group.create_columns, column_definitions_, "\r\n");
+  const std::string create = Join("CREATE TABLE #DATA(\r\n", group.create_columns, column_definitions_, group.create_end);
   std::string insert = Join(group.select, value_list_, group.sum_sort, group.from, where_text_, "\r\n");
   const DictionaryRef request = GroupedRequest(fill, create, std::move(insert), "", group.group_by);
   // The re-sort line of these batches has its blanks elsewhere.
@@ -233,6 +234,7 @@ DictionaryRef Rpt128::BuildBySaleStyle() {
       .invoice_style = "FSaleStyle,",
       .invoice_style_value = "v1.FSaleStyle,",
       .create_columns = PropertyColumn(Conditions()),
+      .create_end = "\r\n",
       .select = "INSERT INTO #DATA SELECT CASE WHEN   GROUPING(v1.FSaleStyleName) =1 THEN '" "合计" "'\r\n"
                 "WHEN   GROUPING(t1.FNumber)=1 THEN  CONVERT(varchar(355),v1.FSaleStyleName)+'(小计)' \r\n"
                 " ELSE CONVERT(varchar(355),v1.FSaleStyleName) END,  t1.FNumber,",
@@ -260,6 +262,7 @@ DictionaryRef Rpt128::BuildByEmployee() {
       .invoice_style = "",
       .invoice_style_value = "",
       .create_columns = PropertyColumn(Conditions()),
+      .create_end = "\r\n",
       .select = "INSERT INTO #DATA SELECT CASE WHEN   GROUPING(v1.FEmpName) =1 THEN '" "合计" "'\r\n"
                 "WHEN   GROUPING(t1.FNumber)=1 THEN  CONVERT(varchar(355),v1.FEmpName)+'(小计)' \r\n"
                 " ELSE CONVERT(varchar(355),v1.FEmpName) END,  t1.FNumber,",
@@ -287,6 +290,7 @@ DictionaryRef Rpt128::BuildByDepartment() {
       .invoice_style = "",
       .invoice_style_value = "",
       .create_columns = "  FProp01" " varchar(355) null,\r\n",
+      .create_end = "\r\n",
       .select = "INSERT INTO #DATA SELECT CASE WHEN   GROUPING(v1.FDeptName) =1 THEN '" "合计" "'\r\n"
                 "WHEN   GROUPING(t1.FNumber)=1 THEN  ISNULL(CONVERT(varchar(355),v1.FDeptName), '')+'(小计)' \r\n"
                 " ELSE CONVERT(varchar(355),v1.FDeptName) END,  t1.FNumber,",
@@ -334,6 +338,7 @@ DictionaryRef Rpt128::BuildWithEmployee(int sum_mode) {
       .create_columns = "  FProp01" " varchar(355) null,\r\n"
                         "  FEmpName" " varchar(355) null,\r\n"
                         "  FPropNumber varchar(355) null,\r\n",
+      .create_end = "",
       .select = select,
       .sum_sort = " CASE WHEN GROUPING(v1.FPropName)=1 THEN 101\r\n"
                   "WHEN GROUPING(v1.FEmpName)=1 THEN 102\r\n"

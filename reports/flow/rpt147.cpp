@@ -1,6 +1,7 @@
 #include "reports/flow/rpt147.h"
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -118,6 +119,24 @@ void AddDetailRow(Recordset& rows, std::string_view period_name, const Line& lin
   rows.Update();
 }
 
+// A field that is read by joining with empty text: a null is "", and a value of any kind its text.
+class JoinedText {
+ public:
+  JoinedText(const Recordset& source, std::string_view name)
+      : field_(source.FieldIndex(name)), is_text_(source.Field(field_).type == FieldType::kVarChar) {}
+
+  // The view lives until the source moves or the next Read.
+  std::string_view Read(const Recordset& source) {
+    if (!is_text_) return text_ = source.Value(field_).TextOrEmpty();
+    return source.IsNull(field_) ? std::string_view() : source.Text(field_);
+  }
+
+ private:
+  int field_;
+  bool is_text_;
+  std::string text_;
+};
+
 // The fields of the middle tier's rows, found once for each period.
 class SourceRow {
  public:
@@ -128,19 +147,19 @@ class SourceRow {
         inter_id_(source.FieldIndex("FInterID")),
         entry_id_(source.FieldIndex("FEntryID")),
         date_(source.FieldIndex("FDate")),
-        voucher_no_(source.FieldIndex("FVoucherNo")),
-        note_(source.FieldIndex("FNote")),
-        bill_no_(source.FieldIndex("FBillNo")),
         tran_type_(source.FieldIndex("FTranType")),
         item_id_(source.FieldIndex("FItemID")),
-        number_(source.FieldIndex("FNumber")),
         short_number_(source.FieldIndex("FShortNumber")),
         name_(source.FieldIndex("FName")),
-        model_(source.FieldIndex("FModel")),
         unit_name_(source.FieldIndex("FUnitName")),
         qty_decimal_(source.FieldIndex("FQtyDecimal")),
         price_decimal_(source.FieldIndex("FPriceDecimal")),
-        price_(source.FieldIndex("FPrice")) {}
+        price_(source.FieldIndex("FPrice")),
+        voucher_no_(source, "FVoucherNo"),
+        note_(source, "FNote"),
+        bill_no_(source, "FBillNo"),
+        number_(source, "FNumber"),
+        model_(source, "FModel") {}
 
   // Reads the current row. The texts of the line live until the source moves.
   void Read(Line& line) {
@@ -148,17 +167,19 @@ class SourceRow {
     line.amount = source_.Money(amount_);
     line.inter_id = IdOrZero(inter_id_);
     line.entry_id = IdOrZero(entry_id_);
-    read_date_ = source_.DateOf(date_);
-    line.date = read_date_ == kNoDate ? nullptr : &read_date_;
-    line.voucher_no = TextOrEmpty(voucher_no_);
-    line.note = TextOrEmpty(note_);
-    line.bill_no = TextOrEmpty(bill_no_);
+    const Date date = source_.DateOf(date_);
+    // The day alone: the list shows no time.
+    day_ = Date(std::floor(date.Serial()));
+    line.date = date == kNoDate ? nullptr : &day_;
+    line.voucher_no = voucher_no_.Read(source_);
+    line.note = note_.Read(source_);
+    line.bill_no = bill_no_.Read(source_);
     line.tran_type = IdOrZero(tran_type_);
     line.item_id = IdOrZero(item_id_);
-    line.number = TextOrEmpty(number_);
+    line.number = number_.Read(source_);
     line.short_number = source_.Text(short_number_);
     line.name = source_.Text(name_);
-    line.model = TextOrEmpty(model_);
+    line.model = model_.Read(source_);
     line.unit_name = source_.Text(unit_name_);
     line.qty_decimal = source_.Int32(qty_decimal_);
     line.price_decimal = source_.Int32(price_decimal_);
@@ -168,17 +189,15 @@ class SourceRow {
  private:
   static constexpr Date kNoDate{2.0};  // 1900-01-01
 
-  [[nodiscard]] std::string_view TextOrEmpty(int field) const {
-    return source_.IsNull(field) ? std::string_view() : source_.Text(field);
-  }
   [[nodiscard]] std::int32_t IdOrZero(int field) const {
     return source_.IsNull(field) ? 0 : source_.Int32(field);
   }
 
   const Recordset& source_;
-  Date read_date_;
-  int qty_, amount_, inter_id_, entry_id_, date_, voucher_no_, note_, bill_no_, tran_type_, item_id_, number_,
-      short_number_, name_, model_, unit_name_, qty_decimal_, price_decimal_, price_;
+  Date day_;
+  int qty_, amount_, inter_id_, entry_id_, date_, tran_type_, item_id_, short_number_, name_, unit_name_,
+      qty_decimal_, price_decimal_, price_;
+  JoinedText voucher_no_, note_, bill_no_, number_, model_;
 };
 
 }  // namespace
@@ -208,11 +227,13 @@ void Rpt147::BuildTitle() {
 // --- Fetch
 
 void Rpt147::OnActive() {
-  Progress().SetMsg(ResText("正在连接中间层..."));
-  const Dictionary& filter = Conditions();
-  std::array<Variant, 4> periods = {filter.Get("BYear"), filter.Get("BPeriod"), filter.Get("EYear"),
-                                    filter.Get("EPeriod")};
-  GetRptList(periods);
+  RunGuarded([this] {
+    Progress().SetMsg(ResText("正在连接中间层..."));
+    const Dictionary& filter = Conditions();
+    std::array<Variant, 4> periods = {filter.Get("BYear"), filter.Get("BPeriod"), filter.Get("EYear"),
+                                      filter.Get("EPeriod")};
+    GetRptList(periods);
+  });
 }
 
 Variant Rpt147::GetRptList(Arguments arguments) {

@@ -14,8 +14,8 @@ namespace salerpt::shell {
 // call for values nested deeper than JsonPlace::kMaxDepth (one that holds itself among them).
 Json Show(const Variant& value);
 
-// `{"fields": [[name, type, size], …], "rows": [[…], …]}`: the rows that pass the set's filter. Leaves the
-// set on its first row.
+// `{"fields": [[name, type, size], …], "rows": [[…], …]}`: the rows that pass the set's filter; null for a
+// set that is not open. Leaves the set on its first row.
 Json ShowRecordset(Recordset& rows);
 
 }  // namespace salerpt::shell

@@ -46,7 +46,7 @@ struct PeriodRange {
   int current_period = 1;
 };
 
-// Writes them. `system_name` is the company's.
+// Writes them; `company` is its name.
 void WriteFixedRows(Database& database, const PeriodRange& periods, const char* company);
 
 }  // namespace salerpt::accountset

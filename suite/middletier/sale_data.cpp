@@ -26,11 +26,21 @@ class SaleData final : public SuiteObject<SaleData> {
     return self.GetServer().Query(arguments[1].ToText());
   }
 
+  // The deepest level of classes in a code tree, up to which reports may group; 0 for a class without a tree.
+  static Variant GetItemMaxLevel(SaleData& self, Arguments arguments) {
+    const RecordsetRef rows = self.GetServer().Query(
+        Join("Select IsNull(Max(FLevel),0) FLevel From t_Item Where FDetail=0 And FItemClassID=",
+             arguments[1].ToInt32()));
+    return rows->Value("FLevel").ToInt32();
+  }
+
   static std::span<const Member<SaleData>> Members() {
-    static constexpr std::array<Member<SaleData>, 2> kMembers{{
+    static constexpr std::array<Member<SaleData>, 3> kMembers{{
         {"GetSaleAmountData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
          GetSaleAmountData, 2},
         {"GetData", InvokeKind::kMethod, "(props As String, sql As String) As Recordset", GetData, 2},
+        {"GetItemMaxLevel", InvokeKind::kMethod, "(props As String, itemClassID As Long) As Long",
+         GetItemMaxLevel, 2},
     }};
     return kMembers;
   }

@@ -23,7 +23,9 @@ std::string_view TextColumn(sqlite3_stmt* statement, int column) {
 
 }  // namespace
 
-std::string QuoteName(std::string_view name) { return Quoted(name, '"'); }
+std::string QuoteName(std::string_view name) {
+  return Quoted(name, '"');
+}
 
 std::string QuoteLiteral(std::string_view text) {
   if (text.find('\0') == std::string_view::npos) return Quoted(text, '\'');
@@ -70,8 +72,10 @@ TablePtr Catalog::Load(std::string_view name) {
       "SELECT x.name, x.type, x.\"notnull\", l.name, l.wr FROM pragma_table_list(?1) AS l, "
       "pragma_table_xinfo(l.name) AS x WHERE l.schema = 'main' AND x.hidden <> 1 ORDER BY x.cid";
   sqlite3_stmt* raw = nullptr;
-  if (sqlite3_prepare_v2(connection_, kQuery.data(), static_cast<int>(kQuery.size()), &raw, nullptr) != SQLITE_OK) {
-    Raise(kNotSupported, fmt::format("The schema of the account set cannot be read: {}.", sqlite3_errmsg(connection_)));
+  if (sqlite3_prepare_v2(connection_, kQuery.data(), static_cast<int>(kQuery.size()), &raw, nullptr) !=
+      SQLITE_OK) {
+    Raise(kNotSupported,
+          fmt::format("The schema of the account set cannot be read: {}.", sqlite3_errmsg(connection_)));
   }
   const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(raw, &sqlite3_finalize);
   sqlite3_bind_text(raw, 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);

@@ -45,7 +45,8 @@ class Catalog {
  public:
   explicit Catalog(sqlite3* connection) : connection_(connection) {}
 
-  // The table that a name means: of tempdb..#x, dbo.t and t only the last part counts. Null when there is none.
+  // The table that a name means: of tempdb..#x, dbo.t and t only the last part counts. Null when there is
+  // none.
   TablePtr Find(const NameParts& name);
   // As Find, but raises 208.
   TablePtr Get(const NameParts& name);

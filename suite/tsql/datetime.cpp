@@ -20,16 +20,22 @@ constexpr std::array<std::string_view, 12> kMonths = {"January",   "February", "
 constexpr std::array<std::string_view, 7> kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                        "Thursday", "Friday", "Saturday"};
 
-bool IsLeap(std::int64_t year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
+bool IsLeap(std::int64_t year) {
+  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
 
 int MonthDays(std::int64_t year, int month) {
   static constexpr std::array<int, 12> kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   return month == 2 && IsLeap(year) ? 29 : kDays[static_cast<std::size_t>(month - 1)];
 }
 
-std::int64_t FloorDivide(std::int64_t a, std::int64_t b) { return a / b - (a % b != 0 && (a < 0) != (b < 0) ? 1 : 0); }
+std::int64_t FloorDivide(std::int64_t a, std::int64_t b) {
+  return a / b - (a % b != 0 && (a < 0) != (b < 0) ? 1 : 0);
+}
 
-int Weekday(std::int64_t days) { return static_cast<int>(((days + 1) % 7 + 7) % 7); }  // 1900-01-01 was a Monday
+int Weekday(std::int64_t days) {
+  return static_cast<int>(((days + 1) % 7 + 7) % 7);
+}  // 1900-01-01 was a Monday
 
 void CheckRange(std::int64_t days) {
   static const std::int64_t kFirst = DaysOfCivil(1753, 1, 1);
@@ -40,7 +46,8 @@ void CheckRange(std::int64_t days) {
 // Reads a date text piece by piece.
 class DateReader {
  public:
-  DateReader(std::string_view text, int style) : rest_(Trim(text)), day_first_(style >= 103 && style <= 105) {}
+  DateReader(std::string_view text, int style)
+      : rest_(Trim(text)), day_first_(style >= 103 && style <= 105) {}
 
   std::optional<DateTime> Read() {
     if (rest_.empty()) return DateTime{};
@@ -75,7 +82,8 @@ class DateReader {
   bool ReadMonthName() {
     for (std::size_t i = 0; i < kMonths.size(); ++i) {
       for (const std::size_t length : {kMonths[i].size(), std::size_t{3}}) {
-        if (rest_.size() < length || !EqualNames(rest_.substr(0, length), kMonths[i].substr(0, length))) continue;
+        if (rest_.size() < length || !EqualNames(rest_.substr(0, length), kMonths[i].substr(0, length)))
+          continue;
         month_ = static_cast<std::int64_t>(i) + 1;
         rest_.remove_prefix(length);
         return true;
@@ -122,7 +130,8 @@ class DateReader {
     std::int64_t second = 0;
     std::int64_t third = 0;
     std::size_t third_digits = 0;
-    if (!TakeSeparator() || !ReadNumber(second) || !TakeSeparator() || !ReadNumber(third, &third_digits)) return false;
+    if (!TakeSeparator() || !ReadNumber(second) || !TakeSeparator() || !ReadNumber(third, &third_digits))
+      return false;
     if (digits == 4) {
       year_ = first;
       month_ = second;
@@ -223,22 +232,27 @@ CivilDate CivilOfDays(std::int64_t days) {
 std::string DateTime::Canonical() const {
   const CivilDate date = CivilOfDays(days);
   const std::int64_t seconds = milliseconds / 1000;
-  std::string text = fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", date.year, date.month, date.day, seconds / 3600,
-                                 seconds / 60 % 60, seconds % 60);
+  std::string text = fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", date.year, date.month, date.day,
+                                 seconds / 3600, seconds / 60 % 60, seconds % 60);
   if (milliseconds % 1000 != 0) text += fmt::format(".{:03}", milliseconds % 1000);
   return text;
 }
 
-std::optional<DateTime> ReadStored(std::string_view text) { return DateReader(text, -1).Read(); }
+std::optional<DateTime> ReadStored(std::string_view text) {
+  return DateReader(text, -1).Read();
+}
 
-std::optional<DateTime> TryParseDateTime(std::string_view text, int style) { return DateReader(text, style).Read(); }
+std::optional<DateTime> TryParseDateTime(std::string_view text, int style) {
+  return DateReader(text, style).Read();
+}
 
 DateTime ParseDateTime(std::string_view text, int style) {
   DateReader reader(text, style);
   const std::optional<DateTime> value = reader.Read();
   if (value) return *value;
   if (reader.OutOfRange()) {
-    Raise(242, "The conversion of a varchar data type to a datetime data type resulted in an out-of-range value.");
+    Raise(242,
+          "The conversion of a varchar data type to a datetime data type resulted in an out-of-range value.");
   }
   Raise(241, std::string(kDateConversionText));
 }
@@ -247,7 +261,8 @@ std::string FormatDateTime(const DateTime& value, int style) {
   const CivilDate date = CivilOfDays(value.days);
   const std::int64_t seconds = value.milliseconds / 1000;
   const std::int64_t hour = seconds / 3600;
-  const std::string year = style < 100 ? fmt::format("{:02}", date.year % 100) : fmt::format("{:04}", date.year);
+  const std::string year =
+      style < 100 ? fmt::format("{:02}", date.year % 100) : fmt::format("{:04}", date.year);
   const std::string month = fmt::format("{:02}", date.month);
   const std::string day = fmt::format("{:02}", date.day);
   const std::string_view name = kMonths[static_cast<std::size_t>(date.month - 1)].substr(0, 3);
@@ -258,11 +273,12 @@ std::string FormatDateTime(const DateTime& value, int style) {
   switch (style) {
     case 0:
     case 100:
-      return fmt::format("{} {:>2} {:04} {:>2}:{:02}{}", name, date.day, date.year, hour12, seconds / 60 % 60, half);
+      return fmt::format("{} {:>2} {:04} {:>2}:{:02}{}", name, date.day, date.year, hour12, seconds / 60 % 60,
+                         half);
     case 9:
     case 109:
-      return fmt::format("{} {:>2} {:04} {:>2}:{:02}:{:02}:{}{}", name, date.day, date.year, hour12, seconds / 60 % 60,
-                         seconds % 60, thousandths, half);
+      return fmt::format("{} {:>2} {:04} {:>2}:{:02}:{:02}:{}{}", name, date.day, date.year, hour12,
+                         seconds / 60 % 60, seconds % 60, thousandths, half);
     case 1:
     case 101:
       return month + "/" + day + "/" + year;
@@ -313,8 +329,9 @@ std::string FormatDateTime(const DateTime& value, int style) {
     case 126:
       return fmt::format("{:04}-{}-{}T{}.{}", date.year, month, day, time, thousandths);
     default:
-      Raise(281, fmt::format("{} is not a valid style number when converting from datetime to a character string.",
-                             style));
+      Raise(281,
+            fmt::format("{} is not a valid style number when converting from datetime to a character string.",
+                        style));
   }
 }
 
@@ -323,18 +340,22 @@ std::optional<DatePart> DatePartOfWord(std::string_view word) {
     std::string_view word;
     DatePart part;
   };
-  static constexpr Entry kWords[] = {
-      {"year", DatePart::kYear},          {"yy", DatePart::kYear},        {"yyyy", DatePart::kYear},
-      {"quarter", DatePart::kQuarter},    {"qq", DatePart::kQuarter},     {"q", DatePart::kQuarter},
-      {"month", DatePart::kMonth},        {"mm", DatePart::kMonth},       {"m", DatePart::kMonth},
-      {"dayofyear", DatePart::kDayOfYear}, {"dy", DatePart::kDayOfYear},  {"y", DatePart::kDayOfYear},
-      {"day", DatePart::kDay},            {"dd", DatePart::kDay},         {"d", DatePart::kDay},
-      {"week", DatePart::kWeek},          {"wk", DatePart::kWeek},        {"ww", DatePart::kWeek},
-      {"weekday", DatePart::kWeekday},    {"dw", DatePart::kWeekday},     {"w", DatePart::kWeekday},
-      {"hour", DatePart::kHour},          {"hh", DatePart::kHour},        {"minute", DatePart::kMinute},
-      {"mi", DatePart::kMinute},          {"n", DatePart::kMinute},       {"second", DatePart::kSecond},
-      {"ss", DatePart::kSecond},          {"s", DatePart::kSecond},       {"millisecond", DatePart::kMillisecond},
-      {"ms", DatePart::kMillisecond}};
+  static constexpr Entry kWords[] = {{"year", DatePart::kYear},       {"yy", DatePart::kYear},
+                                     {"yyyy", DatePart::kYear},       {"quarter", DatePart::kQuarter},
+                                     {"qq", DatePart::kQuarter},      {"q", DatePart::kQuarter},
+                                     {"month", DatePart::kMonth},     {"mm", DatePart::kMonth},
+                                     {"m", DatePart::kMonth},         {"dayofyear", DatePart::kDayOfYear},
+                                     {"dy", DatePart::kDayOfYear},    {"y", DatePart::kDayOfYear},
+                                     {"day", DatePart::kDay},         {"dd", DatePart::kDay},
+                                     {"d", DatePart::kDay},           {"week", DatePart::kWeek},
+                                     {"wk", DatePart::kWeek},         {"ww", DatePart::kWeek},
+                                     {"weekday", DatePart::kWeekday}, {"dw", DatePart::kWeekday},
+                                     {"w", DatePart::kWeekday},       {"hour", DatePart::kHour},
+                                     {"hh", DatePart::kHour},         {"minute", DatePart::kMinute},
+                                     {"mi", DatePart::kMinute},       {"n", DatePart::kMinute},
+                                     {"second", DatePart::kSecond},   {"ss", DatePart::kSecond},
+                                     {"s", DatePart::kSecond},        {"millisecond", DatePart::kMillisecond},
+                                     {"ms", DatePart::kMillisecond}};
   for (const Entry& entry : kWords) {
     if (EqualNames(entry.word, word)) return entry.part;
   }

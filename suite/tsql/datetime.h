@@ -26,15 +26,25 @@ CivilDate CivilOfDays(std::int64_t days);
 
 // Reads the stored form; nothing when the text is not one.
 std::optional<DateTime> ReadStored(std::string_view text);
-// Reads any text that the server takes for a date, blank or empty being 1900-01-01. `style` is that of CONVERT, -1 none. Raises
-// 241 for a text that is none and 242 for a date out of range.
+// Reads any text that the server takes for a date, blank or empty being 1900-01-01. `style` is that of
+// CONVERT, -1 none. Raises 241 for a text that is none and 242 for a date out of range.
 DateTime ParseDateTime(std::string_view text, int style);
 std::optional<DateTime> TryParseDateTime(std::string_view text, int style);
 // The text of CONVERT(varchar, date, style); raises 281 for an unknown style.
 std::string FormatDateTime(const DateTime& value, int style);
 
 enum class DatePart : std::uint8_t {
-  kYear, kQuarter, kMonth, kDayOfYear, kDay, kWeek, kWeekday, kHour, kMinute, kSecond, kMillisecond
+  kYear,
+  kQuarter,
+  kMonth,
+  kDayOfYear,
+  kDay,
+  kWeek,
+  kWeekday,
+  kHour,
+  kMinute,
+  kSecond,
+  kMillisecond
 };
 // Of a word such as "yy" or "month"; nothing when it is none.
 std::optional<DatePart> DatePartOfWord(std::string_view word);

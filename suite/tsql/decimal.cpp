@@ -9,18 +9,26 @@
 namespace salerpt::tsql {
 namespace {
 
-constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                            1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr double kExactIntegers = 4503599627370496.0;  // 2^52: above it a double has no digits behind the point
+constexpr std::array<double, 23> kPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr double kExactIntegers =
+    4503599627370496.0;  // 2^52: above it a double has no digits behind the point
 
 // How far a decimal of up to 15 digits may lie from its double after one multiplication.
-double Tolerance(double scaled) { return std::min(scaled * 4.5e-16, 0.02); }
+double Tolerance(double scaled) {
+  return std::min(scaled * 4.5e-16, 0.02);
+}
 
-double Whole(double value) { return static_cast<double>(static_cast<std::int64_t>(value)); }
+double Whole(double value) {
+  return static_cast<double>(static_cast<std::int64_t>(value));
+}
 
 }  // namespace
 
-double PowerOfTen(int exponent) { return kPowers[static_cast<std::size_t>(std::clamp(exponent, 0, 22))]; }
+double PowerOfTen(int exponent) {
+  return kPowers[static_cast<std::size_t>(std::clamp(exponent, 0, 22))];
+}
 
 double RoundDecimal(double value, int scale) {
   if (scale < 0) {
@@ -77,9 +85,11 @@ DecimalScale::DecimalScale(int scale) : scale_(std::clamp(scale, 0, kMaxSumScale
   unit_ = static_cast<std::int64_t>(factor_);
 }
 
-// Numbers with more digits than a double carries: whole ones are exact, the others count with the fifteen digits that are certain.
+// Numbers with more digits than a double carries: whole ones are exact, the others count with the fifteen
+// digits that are certain.
 Int128 DecimalScale::WholeOfLong(double value) const {
-  if (std::fabs(value) < 9.0e18 && value == tsql::Whole(value)) return WholeOfInteger(static_cast<std::int64_t>(value));
+  if (std::fabs(value) < 9.0e18 && value == tsql::Whole(value))
+    return WholeOfInteger(static_cast<std::int64_t>(value));
   if (!(std::fabs(value) < 9.0e14)) {
     // Beyond any column's precision; held within what still adds up.
     return static_cast<Int128>(std::isnan(value) ? 0.0 : std::clamp(value, -1e19, 1e19)) * unit_;

@@ -9,8 +9,8 @@ namespace salerpt::tsql {
 // Wide enough for the sum of any number of decimals; the compiler's, since the language has none.
 __extension__ using Int128 = __int128;
 
-// Rounds half away from zero, looking at the digits that the double stands for and not at its binary tail: 1.005 to two digits is
-// 1.01. `scale` below 0 rounds in front of the point.
+// Rounds half away from zero, looking at the digits that the double stands for and not at its binary
+// tail: 1.005 to two digits is 1.01. `scale` below 0 rounds in front of the point.
 double RoundDecimal(double value, int scale);
 // Cuts instead of rounding.
 double TruncateDecimal(double value, int scale);
@@ -25,7 +25,8 @@ class DecimalScale {
   explicit DecimalScale(int scale = 0);
   [[nodiscard]] Int128 Whole(double value) const {
     const double scaled = value * factor_;
-    if (scaled < kSafe && scaled > -kSafe) return static_cast<std::int64_t>(scaled < 0 ? scaled - 0.5 : scaled + 0.5);
+    if (scaled < kSafe && scaled > -kSafe)
+      return static_cast<std::int64_t>(scaled < 0 ? scaled - 0.5 : scaled + 0.5);
     return WholeOfLong(value);
   }
   [[nodiscard]] Int128 WholeOfInteger(std::int64_t value) const { return static_cast<Int128>(value) * unit_; }

@@ -19,19 +19,23 @@ inline constexpr int kNotSupported = 50000;
 [[noreturn]] void RaiseInvalidObject(std::string_view name);
 
 // 245 for whole numbers, 8114 for the others: a text that is no number of the type.
-std::string ConversionText(int& number, std::string_view from_word, std::string_view to_word, std::string_view value);
+std::string ConversionText(int& number, std::string_view from_word, std::string_view to_word,
+                           std::string_view value);
 
 inline constexpr std::string_view kDivideByZeroText = "Divide by zero error encountered.";
 inline constexpr std::string_view kDateConversionText =
     "Conversion failed when converting date and/or time from character string.";
 inline constexpr std::string_view kTruncatedText = "String or binary data would be truncated.";
 inline constexpr std::string_view kTooDeepText =
-    "Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into smaller queries.";
+    "Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into smaller "
+    "queries.";
 inline constexpr std::string_view kSubqueryRowsText =
-    "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, >= or "
+    "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, "
+    ">= or "
     "when the subquery is used as an expression.";
 inline constexpr std::string_view kSubqueryColumnsText =
-    "Only one expression can be specified in the select list when the subquery is not introduced with EXISTS.";
+    "Only one expression can be specified in the select list when the subquery is not introduced with "
+    "EXISTS.";
 inline constexpr std::string_view kInsertColumnsText =
     "Column name or number of supplied values does not match table definition.";
 

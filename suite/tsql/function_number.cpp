@@ -15,14 +15,16 @@ namespace {
 
 constexpr double kInt64Limit = 9.2e18;
 
-std::string_view NumberWord(int sqlite_type) { return sqlite_type == SQLITE_INTEGER ? "int" : "numeric"; }
+std::string_view NumberWord(int sqlite_type) {
+  return sqlite_type == SQLITE_INTEGER ? "int" : "numeric";
+}
 
 // The type that a text argument had, for messages: the last argument, where it is not varchar.
 std::string_view FromWord(const Call& call, int index) {
   return call.Count() > index ? call.Text(index) : std::string_view("varchar");
 }
 
-// ts_int(value, kind[, type of text]): any value as a whole number of the kind.
+// ts_int(value, kind[, type of the value]): any value as a whole number of the kind.
 void ToInt(const Call& call) {
   const auto kind = static_cast<TypeKind>(call.Integer(1));
   std::int64_t value = 0;
@@ -52,7 +54,7 @@ void ToInt(const Call& call) {
   call.Return(value);
 }
 
-// ts_dec(value, precision, scale[, type of text])
+// ts_dec(value, precision, scale[, type of the value])
 void ToDecimal(const Call& call) {
   const int precision = static_cast<int>(call.Integer(1));
   const int scale = static_cast<int>(call.Integer(2));
@@ -61,14 +63,17 @@ void ToDecimal(const Call& call) {
     return;
   }
   const double value = RoundDecimal(call.Double(0), scale);
-  if (std::fabs(value) >= (precision - scale <= 22 ? PowerOfTen(precision - scale) : std::pow(10.0, precision - scale))) {
-    Raise(8115, fmt::format("Arithmetic overflow error converting {} to data type numeric.", NumberWord(call.Type(0))));
+  if (std::fabs(value) >=
+      (precision - scale <= 22 ? PowerOfTen(precision - scale) : std::pow(10.0, precision - scale))) {
+    const std::string_view word = call.Count() > 3 ? call.Text(3) : NumberWord(call.Type(0));
+    Raise(8115, fmt::format("Arithmetic overflow error converting {} to data type numeric.", word));
   }
   call.Return(value);
 }
 
 void ToFloat(const Call& call) {
-  call.Return(call.Type(0) == SQLITE_TEXT ? FloatOfText(call.Text(0), "float", FromWord(call, 1)) : call.Double(0));
+  call.Return(call.Type(0) == SQLITE_TEXT ? FloatOfText(call.Text(0), "float", FromWord(call, 1))
+                                          : call.Double(0));
 }
 
 // ts_round(value, digits[, cut])
@@ -84,7 +89,8 @@ double NonZero(const Call& call) {
   return divisor;
 }
 
-// ts_div(a, b, scale): the server cuts a quotient at its scale; a scale beyond 12 is left as the double gives it.
+// ts_div(a, b, scale): the server cuts a quotient at its scale; a scale beyond 12 is left as the double gives
+// it.
 void Divide(const Call& call) {
   const double quotient = call.Double(0) / NonZero(call);
   const auto scale = static_cast<int>(call.Integer(2));
@@ -109,7 +115,8 @@ void DivideIntegers(const Call& call) {
   const std::int64_t divisor = NonZeroInteger(call);
   // The one quotient that does not fit.
   if (divisor == -1) {
-    if (call.Integer(0) == INT64_MIN) Raise(8115, "Arithmetic overflow error converting expression to data type bigint.");
+    if (call.Integer(0) == INT64_MIN)
+      Raise(8115, "Arithmetic overflow error converting expression to data type bigint.");
     call.Return(-call.Integer(0));
     return;
   }
@@ -121,10 +128,18 @@ void ModuloIntegers(const Call& call) {
   call.Return(divisor == -1 ? std::int64_t{0} : call.Integer(0) % divisor);
 }
 
-void Floor(const Call& call) { call.Return(std::floor(call.Double(0))); }
-void Ceiling(const Call& call) { call.Return(std::ceil(call.Double(0))); }
-void Exp(const Call& call) { call.Return(std::exp(call.Double(0))); }
-void Square(const Call& call) { call.Return(call.Double(0) * call.Double(0)); }
+void Floor(const Call& call) {
+  call.Return(std::floor(call.Double(0)));
+}
+void Ceiling(const Call& call) {
+  call.Return(std::ceil(call.Double(0)));
+}
+void Exp(const Call& call) {
+  call.Return(std::exp(call.Double(0)));
+}
+void Square(const Call& call) {
+  call.Return(call.Double(0) * call.Double(0));
+}
 
 void Sign(const Call& call) {
   const double value = call.Double(0);
@@ -136,7 +151,9 @@ void Sign(const Call& call) {
   }
 }
 
-void Power(const Call& call) { call.Return(std::pow(call.Double(0), call.Double(1))); }
+void Power(const Call& call) {
+  call.Return(std::pow(call.Double(0), call.Double(1)));
+}
 
 void SquareRoot(const Call& call) {
   if (call.Double(0) < 0) Raise(3623, "An invalid floating point operation occurred.");
@@ -149,8 +166,9 @@ void Logarithm(const Call& call) {
 }
 
 void IsNumeric(const Call& call) {
-  const bool numeric = call.Type(0) != SQLITE_TEXT || (!call.Text(0).empty() && ReadFloat(call.Text(0)).has_value() &&
-                                                       call.Text(0).find_first_not_of(' ') != std::string_view::npos);
+  const bool numeric =
+      call.Type(0) != SQLITE_TEXT || (!call.Text(0).empty() && ReadFloat(call.Text(0)).has_value() &&
+                                      call.Text(0).find_first_not_of(' ') != std::string_view::npos);
   call.Return(std::int64_t{numeric ? 1 : 0});
 }
 
@@ -163,13 +181,27 @@ void VariableNow(const Call& call) {
 }
 
 constexpr FunctionDefinition kFunctions[] = {
-    {"ts_int", 2, &ToInt},          {"ts_dec", 3, &ToDecimal},     {"ts_float", 1, &ToFloat},
-    {"ts_int", 3, &ToInt},          {"ts_dec", 4, &ToDecimal},     {"ts_float", 2, &ToFloat},
-    {"ts_round", 2, &Round},        {"ts_round", 3, &Round},       {"ts_div", 3, &Divide},
-    {"ts_mod", 3, &Modulo},         {"ts_idiv", 2, &DivideIntegers}, {"ts_imod", 2, &ModuloIntegers},
-    {"ts_floor", 1, &Floor},        {"ts_ceiling", 1, &Ceiling},   {"ts_exp", 1, &Exp},
-    {"ts_square", 1, &Square},      {"ts_sign", 1, &Sign},         {"ts_power", 2, &Power},
-    {"ts_sqrt", 1, &SquareRoot},    {"ts_log", 1, &Logarithm},     {"ts_isnumeric", 1, &IsNumeric},
+    {"ts_int", 2, &ToInt},
+    {"ts_dec", 3, &ToDecimal},
+    {"ts_float", 1, &ToFloat},
+    {"ts_int", 3, &ToInt},
+    {"ts_dec", 4, &ToDecimal},
+    {"ts_float", 2, &ToFloat},
+    {"ts_round", 2, &Round},
+    {"ts_round", 3, &Round},
+    {"ts_div", 3, &Divide},
+    {"ts_mod", 3, &Modulo},
+    {"ts_idiv", 2, &DivideIntegers},
+    {"ts_imod", 2, &ModuloIntegers},
+    {"ts_floor", 1, &Floor},
+    {"ts_ceiling", 1, &Ceiling},
+    {"ts_exp", 1, &Exp},
+    {"ts_square", 1, &Square},
+    {"ts_sign", 1, &Sign},
+    {"ts_power", 2, &Power},
+    {"ts_sqrt", 1, &SquareRoot},
+    {"ts_log", 1, &Logarithm},
+    {"ts_isnumeric", 1, &IsNumeric},
     {"ts_var", 1, &VariableNow, false},
 };
 

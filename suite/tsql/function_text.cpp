@@ -15,9 +15,7 @@ namespace {
 
 constexpr std::size_t kTextLimit = 8000;
 
-[[noreturn]] void RaiseInvalidLength(std::string_view function) {
-  Raise(537, fmt::format("Invalid length parameter passed to the {} function.", function));
-}
+constexpr const char* kInvalidLength = "Invalid length parameter passed to the LEFT or SUBSTRING function.";
 
 std::string_view Part(std::string_view text, std::size_t start, std::size_t count) {
   const std::size_t from = OffsetOfCharacter(text, start);
@@ -35,7 +33,8 @@ void CharIndex(const Call& call) {
   const std::size_t start = call.Count() > 2 ? AsCount(call.Integer(2) - 1) : 0;
   const std::size_t from = OffsetOfCharacter(text, start);
   const bool behind_end = start > 0 && from >= text.size();
-  const std::size_t found = sought.empty() || behind_end ? std::string_view::npos : FindText(text, sought, from);
+  const std::size_t found =
+      sought.empty() || behind_end ? std::string_view::npos : FindText(text, sought, from);
   call.Return(found == std::string_view::npos
                   ? std::int64_t{0}
                   : static_cast<std::int64_t>(CountCharacters(text.substr(0, found))) + 1);
@@ -45,7 +44,7 @@ void CharIndex(const Call& call) {
 void Substring(const Call& call) {
   std::int64_t start = call.Integer(1);
   std::int64_t count = call.Integer(2);
-  if (count < 0) RaiseInvalidLength("LEFT or SUBSTRING");
+  if (count < 0) Raise(537, kInvalidLength);
   if (start < 1) {
     count = std::max<std::int64_t>(0, count + start - 1);
     start = 1;
@@ -54,12 +53,12 @@ void Substring(const Call& call) {
 }
 
 void Left(const Call& call) {
-  if (call.Integer(1) < 0) RaiseInvalidLength("LEFT or SUBSTRING");
+  if (call.Integer(1) < 0) Raise(537, kInvalidLength);
   call.Return(Part(call.Text(0), 0, AsCount(call.Integer(1))));
 }
 
 void Right(const Call& call) {
-  if (call.Integer(1) < 0) RaiseInvalidLength("RIGHT");
+  if (call.Integer(1) < 0) Raise(536, "Invalid length parameter passed to the right function.");
   const std::string_view text = call.Text(0);
   const std::size_t size = CountCharacters(text);
   const std::size_t count = std::min(size, AsCount(call.Integer(1)));
@@ -75,7 +74,8 @@ void Replace(const Call& call) {
   }
   std::string result;
   std::size_t position = 0;
-  for (std::size_t found = FindText(text, from); found != std::string_view::npos; found = FindText(text, from, position)) {
+  for (std::size_t found = FindText(text, from); found != std::string_view::npos;
+       found = FindText(text, from, position)) {
     result += text.substr(position, found - position);
     result += call.Text(2);
     position = found + from.size();
@@ -165,7 +165,8 @@ void Fit(const Call& call) {
     call.ReturnArgument(0);
     return;
   }
-  const std::string_view cut = CutToSize(call.Text(0), static_cast<std::size_t>(call.Integer(1)), call.Integer(2) != 0);
+  const std::string_view cut =
+      CutToSize(call.Text(0), static_cast<std::size_t>(call.Integer(1)), call.Integer(2) != 0);
   if (call.Text(0).substr(cut.size()).find_first_not_of(' ') != std::string_view::npos) {
     Raise(8152, std::string(kTruncatedText));
   }
@@ -194,7 +195,8 @@ void Pad(const Call& call) {
 // ts_inttext(value, size): a star where the digits do not fit.
 void IntegerText(const Call& call) {
   const std::string text = std::to_string(call.Integer(0));
-  call.Return(text.size() > static_cast<std::size_t>(call.Integer(1)) ? std::string_view("*") : std::string_view(text));
+  call.Return(text.size() > static_cast<std::size_t>(call.Integer(1)) ? std::string_view("*")
+                                                                      : std::string_view(text));
 }
 
 void DecimalText(const Call& call) {
@@ -229,13 +231,27 @@ void Str(const Call& call) {
 }
 
 constexpr FunctionDefinition kFunctions[] = {
-    {"ts_charindex", 2, &CharIndex},   {"ts_charindex", 3, &CharIndex}, {"ts_substring", 3, &Substring},
-    {"ts_left", 2, &Left},             {"ts_right", 2, &Right},         {"ts_replace", 3, &Replace},
-    {"ts_stuff", 4, &Stuff},           {"ts_replicate", 2, &Replicate}, {"ts_reverse", 1, &Reverse},
-    {"ts_char", 2, &Char},             {"ts_patindex", 2, &PatIndex},   {"ts_like", 2, &Like},
-    {"ts_like", 3, &Like},             {"ts_datalength", 2, &DataLength}, {"ts_fit", 3, &Fit},
-    {"ts_cut", 3, &Cut},               {"ts_pad", 3, &Pad},             {"ts_inttext", 2, &IntegerText},
-    {"ts_dectext", 3, &DecimalText},   {"ts_floattext", 2, &FloatToText}, {"ts_str", 3, &Str},
+    {"ts_charindex", 2, &CharIndex},
+    {"ts_charindex", 3, &CharIndex},
+    {"ts_substring", 3, &Substring},
+    {"ts_left", 2, &Left},
+    {"ts_right", 2, &Right},
+    {"ts_replace", 3, &Replace},
+    {"ts_stuff", 4, &Stuff},
+    {"ts_replicate", 2, &Replicate},
+    {"ts_reverse", 1, &Reverse},
+    {"ts_char", 2, &Char},
+    {"ts_patindex", 2, &PatIndex},
+    {"ts_like", 2, &Like},
+    {"ts_like", 3, &Like},
+    {"ts_datalength", 2, &DataLength},
+    {"ts_fit", 3, &Fit},
+    {"ts_cut", 3, &Cut},
+    {"ts_pad", 3, &Pad},
+    {"ts_inttext", 2, &IntegerText},
+    {"ts_dectext", 3, &DecimalText},
+    {"ts_floattext", 2, &FloatToText},
+    {"ts_str", 3, &Str},
 };
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <new>
 
 #include "suite/tsql/decimal.h"
 #include "suite/tsql/error.h"
@@ -21,8 +20,8 @@ std::string_view WithoutBlanks(std::string_view text) {
   return text;
 }
 
-// The body of a definition travels as a template argument would; SQLite offers one pointer, which is the state. So
-// each definition gets a small record that lives as long as the registration.
+// The body of a definition travels as a template argument would; SQLite offers one pointer, which is the
+// state. So each definition gets a small record that lives as long as the registration.
 struct Registration {
   FunctionState* state;
   FunctionBody body;
@@ -46,32 +45,26 @@ void Dispatch(sqlite3_context* context, int count, sqlite3_value** values) {
   }
 }
 
-// ts_sum<scale>(x): adds decimals exactly. The scale comes as user data.
-struct SumContext {
-  bool any;
-  ExactSum sum;
-};
-
-SumContext* GetSum(sqlite3_context* context) {
-  return static_cast<SumContext*>(sqlite3_aggregate_context(context, sizeof(SumContext)));
-}
-
+// ts_sum<scale>(x): adds decimals exactly. The scale comes as user data. SQLite keeps a pointer for each
+// group; its memory is not aligned for the sum itself.
 void SumStep(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   const int type = sqlite3_value_type(values[0]);
   if (type == SQLITE_NULL) return;
-  SumContext* sum = GetSum(context);
+  auto** sum = static_cast<ExactSum**>(sqlite3_aggregate_context(context, sizeof(ExactSum*)));
   if (sum == nullptr) return;
-  if (!sum->any) new (sum) SumContext{true, ExactSum(*static_cast<const int*>(sqlite3_user_data(context)))};
+  if (*sum == nullptr) *sum = new ExactSum(*static_cast<const int*>(sqlite3_user_data(context)));
   if (type == SQLITE_INTEGER) {
-    sum->sum.AddInteger(sqlite3_value_int64(values[0]));
+    (*sum)->AddInteger(sqlite3_value_int64(values[0]));
   } else {
-    sum->sum.Add(sqlite3_value_double(values[0]));
+    (*sum)->Add(sqlite3_value_double(values[0]));
   }
 }
 
 void SumFinal(sqlite3_context* context) {
-  auto* sum = static_cast<SumContext*>(sqlite3_aggregate_context(context, 0));
-  if (sum != nullptr && sum->any) sqlite3_result_double(context, sum->sum.Result());
+  auto** sum = static_cast<ExactSum**>(sqlite3_aggregate_context(context, 0));
+  if (sum == nullptr || *sum == nullptr) return;
+  sqlite3_result_double(context, (*sum)->Result());
+  delete *sum;
 }
 
 // ts_one(x): the value of the only row; a second row is an error.
@@ -139,15 +132,17 @@ int CompareTexts(std::string_view a, std::string_view b) {
 }
 
 void RegisterAggregates(sqlite3* connection, FunctionState& state) {
-  static const std::array<int, kMaxSumScale + 1> kScales = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+  static const std::array<int, kMaxSumScale + 1> kScales = {0, 1, 2,  3,  4,  5,  6,  7,
+                                                            8, 9, 10, 11, 12, 13, 14, 15};
   constexpr int kFlags = SQLITE_UTF8 | SQLITE_INNOCUOUS | SQLITE_DETERMINISTIC;
   for (const int& scale : kScales) {
     const std::string name = "ts_sum" + std::to_string(scale);
-    sqlite3_create_function_v2(connection, name.c_str(), 1, kFlags, const_cast<int*>(&scale), nullptr, &SumStep,
-                               &SumFinal, nullptr);
+    sqlite3_create_function_v2(connection, name.c_str(), 1, kFlags, const_cast<int*>(&scale), nullptr,
+                               &SumStep, &SumFinal, nullptr);
   }
-  sqlite3_create_function_v2(connection, "ts_one", 1, kFlags, new Registration{&state, nullptr}, nullptr, &OneStep,
-                             &OneFinal, [](void* registration) { delete static_cast<Registration*>(registration); });
+  sqlite3_create_function_v2(connection, "ts_one", 1, kFlags, new Registration{&state, nullptr}, nullptr,
+                             &OneStep, &OneFinal,
+                             [](void* registration) { delete static_cast<Registration*>(registration); });
 }
 
 void RegisterFunctions(sqlite3* connection, FunctionState& state) {
@@ -155,8 +150,8 @@ void RegisterFunctions(sqlite3* connection, FunctionState& state) {
   RegisterNumberFunctions(connection, state);
   RegisterDateFunctions(connection, state);
   RegisterAggregates(connection, state);
-  // Text columns carry NOCASE, which SQLite compares with the blanks at the end. The server does not; texts without such
-  // blanks, as account sets hold them, sort the same either way, so indexes stay good.
+  // Text columns carry NOCASE, which SQLite compares with the blanks at the end. The server does not; texts
+  // without such blanks, as account sets hold them, sort the same either way, so indexes stay good.
   sqlite3_create_collation_v2(connection, "NOCASE", SQLITE_UTF8, nullptr, &Collate, nullptr);
 }
 

@@ -11,7 +11,8 @@
 
 namespace salerpt::tsql {
 
-// What functions and session share. SQLite carries the text of an error but not the server's number: it waits here.
+// What functions and session share. SQLite carries the text of an error but not the server's number: it waits
+// here.
 struct FunctionState {
   struct Failure {
     int number;
@@ -28,10 +29,12 @@ void RegisterNumberFunctions(sqlite3* connection, FunctionState& state);
 void RegisterDateFunctions(sqlite3* connection, FunctionState& state);
 void RegisterAggregates(sqlite3* connection, FunctionState& state);
 
-// A call as the bodies see it. Bodies return nothing when an argument is null (the result is null then) and may raise TsqlError.
+// A call as the bodies see it. Bodies return nothing when an argument is null (the result is null then) and
+// may raise TsqlError.
 class Call {
  public:
-  Call(sqlite3_context* context, int count, sqlite3_value** values) : context_(context), count_(count), values_(values) {}
+  Call(sqlite3_context* context, int count, sqlite3_value** values)
+      : context_(context), count_(count), values_(values) {}
 
   [[nodiscard]] int Count() const { return count_; }
   [[nodiscard]] bool IsNull(int index) const { return sqlite3_value_type(values_[index]) == SQLITE_NULL; }

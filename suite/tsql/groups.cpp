@@ -20,8 +20,8 @@ std::string_view WithoutBlanks(std::string_view text) {
   return text;
 }
 
-// Eight bytes at a time, with the bit that tells the case of ASCII letters set in every byte: letters that differ in case only
-// fall together, and the few other bytes that do so too are told apart by the comparison.
+// Eight bytes at a time, with the bit that tells the case of ASCII letters set in every byte: letters that
+// differ in case only fall together, and the few other bytes that do so too are told apart by the comparison.
 std::uint64_t HashText(std::string_view text) {
   constexpr std::uint64_t kCaseBits = 0x2020202020202020ULL;
   text = WithoutBlanks(text);
@@ -83,7 +83,10 @@ bool EqualCells(const Cell& a, const Cell& b) {
 }  // namespace
 
 Groups::Groups(const RollupPlan& plan)
-    : key_count_(plan.keys.size()), aggregates_(plan.aggregates), current_(plan.keys.size()), slots_(kFirstSlots) {
+    : key_count_(plan.keys.size()),
+      aggregates_(plan.aggregates),
+      current_(plan.keys.size()),
+      slots_(kFirstSlots) {
   static_assert(sizeof(Cell) == sizeof(Int128) && sizeof(FloatSum) == sizeof(Int128));
   for (const AggregateSpec& spec : aggregates_) {
     scales_.emplace_back(spec.kind == AggregateKind::kSumScaled ? spec.type.scale : 0);
@@ -160,8 +163,8 @@ std::size_t Groups::FindGroup() {
     }
     const std::size_t group = slots_[slot] - 1;
     if (hashes_[group] != hash) continue;
-    if (std::equal(current_.begin(), current_.end(), keys_.begin() + static_cast<std::ptrdiff_t>(group * key_count_),
-                   EqualCells)) {
+    if (std::equal(current_.begin(), current_.end(),
+                   keys_.begin() + static_cast<std::ptrdiff_t>(group * key_count_), EqualCells)) {
       return group;
     }
   }
@@ -193,8 +196,9 @@ void Groups::Accumulate(Accumulator& into, std::size_t aggregate, sqlite3_stmt* 
   switch (spec.kind) {
     case AggregateKind::kSumInteger:
     case AggregateKind::kSumScaled:
-      into.state += type == SQLITE_INTEGER ? scales_[aggregate].WholeOfInteger(sqlite3_column_int64(row, column))
-                                           : scales_[aggregate].Whole(sqlite3_column_double(row, column));
+      into.state += type == SQLITE_INTEGER
+                        ? scales_[aggregate].WholeOfInteger(sqlite3_column_int64(row, column))
+                        : scales_[aggregate].Whole(sqlite3_column_double(row, column));
       break;
     case AggregateKind::kSumFloat:
       AddFloat(into, sqlite3_column_double(row, column));
@@ -214,7 +218,8 @@ void Groups::Accumulate(Accumulator& into, std::size_t aggregate, sqlite3_stmt* 
 void Groups::AddFloat(Accumulator& into, double value) {
   auto state = std::bit_cast<FloatSum>(into.state);
   const double sum = state.sum + value;
-  state.rest += std::fabs(state.sum) >= std::fabs(value) ? (state.sum - sum) + value : (value - sum) + state.sum;
+  state.rest +=
+      std::fabs(state.sum) >= std::fabs(value) ? (state.sum - sum) + value : (value - sum) + state.sum;
   state.sum = sum;
   into.state = std::bit_cast<Int128>(state);
 }

@@ -35,8 +35,8 @@ class Groups {
 
   // Takes the current row of the base statement.
   void Add(sqlite3_stmt* row);
-  // Sorts the groups by their keys and makes the rows: each level's row behind the rows that it sums, the total last. No row when
-  // none was added.
+  // Sorts the groups by their keys and makes the rows: each level's row behind the rows that it sums, the
+  // total last. No row when none was added.
   void Finish();
 
   [[nodiscard]] std::size_t RowCount() const { return kept_keys_.size(); }
@@ -45,7 +45,8 @@ class Groups {
   [[nodiscard]] Cell At(std::size_t row, std::size_t column) const;
 
  private:
-  // The state of one aggregate of one group. A decimal sum, a float sum or a cell lies in the same sixteen bytes.
+  // The state of one aggregate of one group. A decimal sum, a float sum or a cell lies in the same sixteen
+  // bytes.
   struct Accumulator {
     Int128 state = 0;
     std::int64_t count = 0;  // values that were not null
@@ -73,16 +74,16 @@ class Groups {
   std::vector<AggregateSpec> aggregates_;
   std::vector<DecimalScale> scales_;  // aggregate by aggregate
 
-  std::vector<Cell> current_;             // keys of the row that is being added
-  std::vector<Cell> keys_;                // group by group
-  std::vector<std::uint64_t> hashes_;     // group by group
+  std::vector<Cell> current_;              // keys of the row that is being added
+  std::vector<Cell> keys_;                 // group by group
+  std::vector<std::uint64_t> hashes_;      // group by group
   std::vector<Accumulator> accumulators_;  // group by group
-  std::vector<std::uint32_t> slots_;      // hash table of group numbers + 1
+  std::vector<std::uint32_t> slots_;       // hash table of group numbers + 1
   std::size_t group_count_ = 0;
 
   std::deque<std::string> arena_;  // blocks that never move
   std::size_t arena_free_ = 0;
-  std::vector<Cell> rows_;                 // keys and aggregates of the finished rows
+  std::vector<Cell> rows_;                // keys and aggregates of the finished rows
   std::vector<std::uint16_t> kept_keys_;  // of each: how many keys are not rolled up
 };
 

@@ -17,7 +17,9 @@ struct Cursor {
   std::size_t row;
 };
 
-Cursor* Of(sqlite3_vtab_cursor* cursor) { return reinterpret_cast<Cursor*>(cursor); }
+Cursor* Of(sqlite3_vtab_cursor* cursor) {
+  return reinterpret_cast<Cursor*>(cursor);
+}
 
 int Connect(sqlite3* connection, void* state, int /*argc*/, const char* const* /*argv*/, sqlite3_vtab** table,
             char** /*error*/) {
@@ -50,7 +52,8 @@ int Close(sqlite3_vtab_cursor* cursor) {
   return SQLITE_OK;
 }
 
-int Filter(sqlite3_vtab_cursor* cursor, int /*index*/, const char* /*name*/, int /*count*/, sqlite3_value** /*values*/) {
+int Filter(sqlite3_vtab_cursor* cursor, int /*index*/, const char* /*name*/, int /*count*/,
+           sqlite3_value** /*values*/) {
   Of(cursor)->groups = reinterpret_cast<Table*>(cursor->pVtab)->state->groups;
   Of(cursor)->row = 0;
   return SQLITE_OK;

@@ -8,7 +8,10 @@
 namespace salerpt::tsql {
 
 Interpreter::Interpreter(SessionState& session, const Batch& batch, RowSink& sink)
-    : session_(session), batch_(batch), sink_(sink), translated_(static_cast<std::size_t>(batch.statement_count)) {}
+    : session_(session),
+      batch_(batch),
+      sink_(sink),
+      translated_(static_cast<std::size_t>(batch.statement_count)) {}
 
 void Interpreter::Run() {
   session_.engine.functions->variables = &variables_;
@@ -18,8 +21,8 @@ void Interpreter::Run() {
 }
 
 Interpreter::Flow Interpreter::Execute(const Statement& statement) {
-  CountStatement();
   try {
+    CountStatement();
     return Dispatch(statement);
   } catch (const TsqlError& error) {
     if (error.Line() > 0) throw;
@@ -30,7 +33,8 @@ Interpreter::Flow Interpreter::Execute(const Statement& statement) {
 void Interpreter::CountStatement() {
   ++statements_run_;
   if (session_.statement_limit > 0 && statements_run_ > session_.statement_limit) {
-    Raise(kNotSupported, fmt::format("The batch has run the {} statements that it may run.", session_.statement_limit));
+    Raise(kNotSupported,
+          fmt::format("The batch has run the {} statements that it may run.", session_.statement_limit));
   }
 }
 
@@ -39,11 +43,11 @@ Interpreter::Flow Interpreter::Dispatch(const Statement& statement) {
 }
 
 template <typename Make>
-Interpreter::Translated& Interpreter::Prepare(int id, const Make& make) {
-  Translated& entry = translated_[static_cast<std::size_t>(id)];
+Interpreter::Translated& Interpreter::Prepare(const Statement& statement, const Make& make) {
+  Translated& entry = translated_[static_cast<std::size_t>(statement.id)];
   if (entry.catalog_version == session_.catalog->Version()) return entry;
   entry = Translated{};
-  Translator translator(*session_.catalog, variables_);
+  Translator translator(*session_.catalog, variables_, statement.line);
   entry.plan = make(translator);
   entry.catalog_version = session_.catalog->Version();
   return entry;
@@ -153,7 +157,7 @@ std::int64_t Interpreter::Change(const Translated& translated) {
 
 bool Interpreter::Test(const Statement& statement, const Expression& condition) {
   Translated& translated =
-      Prepare(statement.id, [&](Translator& translator) { return translator.TranslateCondition(condition); });
+      Prepare(statement, [&](Translator& translator) { return translator.TranslateCondition(condition); });
   Complete(translated);
   const ResetGuard reset(translated.main);
   session_.engine.functions->failure.reset();
@@ -162,7 +166,7 @@ bool Interpreter::Test(const Statement& statement, const Expression& condition) 
 }
 
 void Interpreter::SetVariable(const Statement& statement, int variable, const Expression& value) {
-  Translated& translated = Prepare(statement.id, [&](Translator& translator) {
+  Translated& translated = Prepare(statement, [&](Translator& translator) {
     return translator.TranslateValue(value, variables_.At(variable).type);
   });
   Complete(translated);
@@ -175,28 +179,28 @@ void Interpreter::SetVariable(const Statement& statement, int variable, const Ex
 }
 
 Interpreter::Flow Interpreter::Do(const Statement& statement, const SelectStatement& body) {
-  RunPlan(Prepare(statement.id, [&](Translator& translator) { return translator.TranslateSelect(body); }));
+  RunPlan(Prepare(statement, [&](Translator& translator) { return translator.TranslateSelect(body); }));
   return Flow::kNext;
 }
 
 Interpreter::Flow Interpreter::Do(const Statement& statement, const InsertStatement& body) {
-  RunPlan(Prepare(statement.id, [&](Translator& translator) { return translator.TranslateInsert(body); }));
+  RunPlan(Prepare(statement, [&](Translator& translator) { return translator.TranslateInsert(body); }));
   return Flow::kNext;
 }
 
 Interpreter::Flow Interpreter::Do(const Statement& statement, const UpdateStatement& body) {
-  RunPlan(Prepare(statement.id, [&](Translator& translator) { return translator.TranslateUpdate(body); }));
+  RunPlan(Prepare(statement, [&](Translator& translator) { return translator.TranslateUpdate(body); }));
   return Flow::kNext;
 }
 
 Interpreter::Flow Interpreter::Do(const Statement& statement, const DeleteStatement& body) {
-  RunPlan(Prepare(statement.id, [&](Translator& translator) { return translator.TranslateDelete(body); }));
+  RunPlan(Prepare(statement, [&](Translator& translator) { return translator.TranslateDelete(body); }));
   return Flow::kNext;
 }
 
 Interpreter::Flow Interpreter::Do(const Statement& statement, const DeclareStatement& body) {
   if (body.table != nullptr) {
-    if (session_.catalog->Find(body.table->table) == nullptr) CreateTable(*body.table);
+    if (session_.catalog->Find(body.table->table) == nullptr) CreateTable(statement, *body.table);
     return Flow::kNext;
   }
   for (const DeclareStatement::Variable& variable : body.variables) {

@@ -30,7 +30,8 @@ struct SessionState {
 // Drops a temporary table and what is known of it.
 void DropTable(SessionState& session, const TableInfo& table);
 // Makes a table from its columns; `rest` is further SQL inside the parentheses.
-std::string CreateTableSql(const TableInfo& table, const std::vector<std::string>& options, const std::string& rest);
+std::string CreateTableSql(const TableInfo& table, const std::vector<std::string>& options,
+                           const std::string& rest);
 // The column's type as SQLite stores it.
 std::string StorageType(const ColumnType& type, bool temporary);
 
@@ -75,7 +76,7 @@ class Interpreter {
 
   // The translation of a statement; `make` makes it where there is none or a stale one.
   template <typename Make>
-  Translated& Prepare(int id, const Make& make);
+  Translated& Prepare(const Statement& statement, const Make& make);
   void Complete(Translated& translated);
   void MakeIndexes(const Plan& plan);
   void RunPlan(Translated& translated);
@@ -86,7 +87,7 @@ class Interpreter {
   std::int64_t Change(const Translated& translated);
   bool Test(const Statement& statement, const Expression& condition);
   void SetVariable(const Statement& statement, int variable, const Expression& value);
-  void CreateTable(const CreateTableStatement& body);
+  void CreateTable(const Statement& statement, const CreateTableStatement& body);
   TableInfo DescribeTable(const CreateTableStatement& body) const;
 
   SessionState& session_;

@@ -32,13 +32,14 @@ std::string StorageType(const ColumnType& type, bool temporary) {
   return type.IsInteger() ? "INTEGER" : "REAL";
 }
 
-std::string CreateTableSql(const TableInfo& table, const std::vector<std::string>& options, const std::string& rest) {
+std::string CreateTableSql(const TableInfo& table, const std::vector<std::string>& options,
+                           const std::string& rest) {
   std::string sql;
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
     const ColumnInfo& column = table.columns[i];
-    sql += fmt::format("{}{} {}", sql.empty() ? "" : ",", QuoteName(column.name),
-                       column.identity ? "INTEGER PRIMARY KEY AUTOINCREMENT"
-                                       : StorageType(column.type, table.temporary));
+    sql += fmt::format(
+        "{}{} {}", sql.empty() ? "" : ",", QuoteName(column.name),
+        column.identity ? "INTEGER PRIMARY KEY AUTOINCREMENT" : StorageType(column.type, table.temporary));
     if (!column.type.nullable && !column.identity) sql += " NOT NULL";
     if (i < options.size()) sql += options[i];
   }
@@ -59,29 +60,35 @@ TableInfo Interpreter::DescribeTable(const CreateTableStatement& body) const {
   table.sql = (table.temporary ? "temp." : "main.") + QuoteName(table.name);
   for (const ColumnDefinition& definition : body.columns) {
     if (table.Find(definition.name) >= 0) {
-      Raise(2705, fmt::format("Column names in each table must be unique. Column name '{}' in table '{}' is specified more "
-                              "than once.",
-                              definition.name, table.name));
+      Raise(2705,
+            fmt::format(
+                "Column names in each table must be unique. Column name '{}' in table '{}' is specified more "
+                "than once.",
+                definition.name, table.name));
     }
     if (definition.identity && table.Identity() >= 0) {
-      Raise(2744, fmt::format("Multiple identity columns specified for table '{}'. Only one identity column per table is "
-                              "allowed.",
-                              table.name));
+      Raise(2744,
+            fmt::format(
+                "Multiple identity columns specified for table '{}'. Only one identity column per table is "
+                "allowed.",
+                table.name));
     }
     if (definition.identity && !definition.type.IsInteger() && definition.type.kind != TypeKind::kDecimal) {
-      Raise(2749, fmt::format("Identity column '{}' must be of data type int, bigint, smallint, tinyint, or decimal or "
-                              "numeric with a scale of 0, and constrained to be nonnullable.",
-                              definition.name));
+      Raise(2749,
+            fmt::format(
+                "Identity column '{}' must be of data type int, bigint, smallint, tinyint, or decimal or "
+                "numeric with a scale of 0, and constrained to be nonnullable.",
+                definition.name));
     }
     table.columns.push_back(ColumnInfo{definition.name, definition.type, definition.identity});
   }
   return table;
 }
 
-void Interpreter::CreateTable(const CreateTableStatement& body) {
+void Interpreter::CreateTable(const Statement& statement, const CreateTableStatement& body) {
   const TableInfo table = DescribeTable(body);
   if (session_.catalog->Find(body.table) != nullptr) RaiseExists(table);
-  Translator translator(*session_.catalog, variables_);
+  Translator translator(*session_.catalog, variables_, statement.line);
   std::vector<std::string> options;
   std::int64_t seed = 1;
   for (const ColumnDefinition& definition : body.columns) {
@@ -92,7 +99,8 @@ void Interpreter::CreateTable(const CreateTableStatement& body) {
     }
     if (definition.primary_key || definition.unique) option += " UNIQUE";
     if (definition.default_value != nullptr) {
-      option += fmt::format(" DEFAULT ({})", translator.TranslateDefault(*definition.default_value, definition.type));
+      option += fmt::format(" DEFAULT ({})",
+                            translator.TranslateDefault(*definition.default_value, definition.type));
     }
   }
   std::string rest;
@@ -110,8 +118,8 @@ void Interpreter::CreateTable(const CreateTableStatement& body) {
   session_.catalog->Add(table);
 }
 
-Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const CreateTableStatement& body) {
-  CreateTable(body);
+Interpreter::Flow Interpreter::Do(const Statement& statement, const CreateTableStatement& body) {
+  CreateTable(statement, body);
   return Flow::kNext;
 }
 
@@ -132,8 +140,9 @@ void Interpreter::RunInto(Translated& translated) {
   }
   translated = Translated{};  // another run makes another table
   for (const std::string& column : indexes) {
-    session_.engine.Run(fmt::format("CREATE INDEX temp.{} ON {}({})", QuoteName("into " + table.name + " " + column),
-                                    QuoteName(table.name), QuoteName(column)));
+    session_.engine.Run(fmt::format("CREATE INDEX temp.{} ON {}({})",
+                                    QuoteName("into " + table.name + " " + column), QuoteName(table.name),
+                                    QuoteName(column)));
   }
 }
 
@@ -144,9 +153,9 @@ Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const CreateIn
       Raise(1911, fmt::format("Column name '{}' does not exist in the target table or view.", column));
     }
   }
-  session_.engine.Run(fmt::format("CREATE {}INDEX {}.{} ON {}({})", body.unique ? "UNIQUE " : "",
-                                  table->temporary ? "temp" : "main", QuoteName(table->name + " " + body.name),
-                                  QuoteName(table->name), NameList(body.columns)));
+  session_.engine.Run(fmt::format(
+      "CREATE {}INDEX {}.{} ON {}({})", body.unique ? "UNIQUE " : "", table->temporary ? "temp" : "main",
+      QuoteName(table->name + " " + body.name), QuoteName(table->name), NameList(body.columns)));
   return Flow::kNext;
 }
 
@@ -154,36 +163,42 @@ Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const DropTabl
   for (const NameParts& name : body.tables) {
     const TablePtr table = session_.catalog->Find(name);
     if (table == nullptr) {
-      Raise(3701, fmt::format("Cannot drop the table '{}', because it does not exist or you do not have permission.",
-                              fmt::join(name, ".")));
+      Raise(3701, fmt::format(
+                      "Cannot drop the table '{}', because it does not exist or you do not have permission.",
+                      fmt::join(name, ".")));
     }
     DropTable(session_, *table);
   }
   return Flow::kNext;
 }
 
-Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const AlterTableStatement& body) {
+Interpreter::Flow Interpreter::Do(const Statement& statement, const AlterTableStatement& body) {
   const TablePtr found = session_.catalog->Find(body.table);
   if (found == nullptr) {
-    Raise(4902, fmt::format("Cannot find the object \"{}\" because it does not exist or you do not have permissions.",
-                            body.table.back()));
+    Raise(4902, fmt::format(
+                    "Cannot find the object \"{}\" because it does not exist or you do not have permissions.",
+                    body.table.back()));
   }
   TableInfo table = *found;
-  Translator translator(*session_.catalog, variables_);
+  Translator translator(*session_.catalog, variables_, statement.line);
   for (const ColumnDefinition& definition : body.columns) {
     if (definition.identity || definition.primary_key || definition.unique) {
-      RaiseNotSupported("ALTER TABLE ADD of a key or identity column", 0);
+      RaiseNotSupported("ALTER TABLE ADD of a key or identity column", statement.line);
     }
     if (table.Find(definition.name) >= 0) {
-      Raise(2705, fmt::format("Column names in each table must be unique. Column name '{}' in table '{}' is specified more "
-                              "than once.",
-                              definition.name, table.name));
+      Raise(2705,
+            fmt::format(
+                "Column names in each table must be unique. Column name '{}' in table '{}' is specified more "
+                "than once.",
+                definition.name, table.name));
     }
     if (!definition.type.nullable && definition.default_value == nullptr) {
-      Raise(4901, fmt::format("ALTER TABLE only allows columns to be added that can contain nulls, or have a DEFAULT "
-                              "definition specified. Column '{}' cannot be added to non-empty table '{}' because it does "
-                              "not satisfy these conditions.",
-                              definition.name, table.name));
+      Raise(4901,
+            fmt::format(
+                "ALTER TABLE only allows columns to be added that can contain nulls, or have a DEFAULT "
+                "definition specified. Column '{}' cannot be added to non-empty table '{}' because it does "
+                "not satisfy these conditions.",
+                definition.name, table.name));
     }
     std::string sql = fmt::format("ALTER TABLE {} ADD COLUMN {} {}", table.sql, QuoteName(definition.name),
                                   StorageType(definition.type, table.temporary));
@@ -192,7 +207,7 @@ Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const AlterTab
       sql += fmt::format(" NOT NULL DEFAULT {}",
                          translator.TranslateDefault(*definition.default_value, definition.type));
     } else if (definition.default_value != nullptr) {
-      RaiseNotSupported("ALTER TABLE ADD of a column that takes null and has a default", 0);
+      RaiseNotSupported("ALTER TABLE ADD of a column that takes null and has a default", statement.line);
     }
     session_.engine.Run(sql);
     table.columns.push_back(ColumnInfo{definition.name, definition.type, false});
@@ -204,8 +219,9 @@ Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const AlterTab
 Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const TruncateStatement& body) {
   const TablePtr table = session_.catalog->Find(body.table);
   if (table == nullptr) {
-    Raise(4701, fmt::format("Cannot find the object \"{}\" because it does not exist or you do not have permissions.",
-                            body.table.back()));
+    Raise(4701, fmt::format(
+                    "Cannot find the object \"{}\" because it does not exist or you do not have permissions.",
+                    body.table.back()));
   }
   session_.engine.Run("DELETE FROM " + table->sql);
   if (table->Identity() >= 0) {

@@ -9,13 +9,20 @@
 namespace salerpt::tsql {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 // Bytes above ASCII belong to names: column names and aliases may be Chinese.
 bool StartsName(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' || static_cast<unsigned char>(c) >= 0x80;
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' ||
+         static_cast<unsigned char>(c) >= 0x80;
 }
-bool ContinuesName(char c) { return StartsName(c) || IsDigit(c) || c == '@' || c == '$'; }
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v' || c == '\0'; }
+bool ContinuesName(char c) {
+  return StartsName(c) || IsDigit(c) || c == '@' || c == '$';
+}
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v' || c == '\0';
+}
 
 class Lexer {
  public:
@@ -118,7 +125,8 @@ class Lexer {
         return;
       }
     }
-    Raise(105, fmt::format("Unclosed quotation mark after the character string '{}'.", batch_.substr(start, 128)),
+    Raise(105,
+          fmt::format("Unclosed quotation mark after the character string '{}'.", batch_.substr(start, 128)),
           token.line);
   }
 
@@ -166,6 +174,8 @@ class Lexer {
 
 }  // namespace
 
-std::vector<Token> Tokenize(std::string_view batch) { return Lexer(batch).Run(); }
+std::vector<Token> Tokenize(std::string_view batch) {
+  return Lexer(batch).Run();
+}
 
 }  // namespace salerpt::tsql

@@ -26,8 +26,9 @@ struct Token {
   std::string text;
 };
 
-// Comments (-- to the end of the line, /* */ nested) and white space fall away; a kEnd token closes the list. Raises 105 for
-// a quotation mark and 113 for a comment that is never closed, 102 for a character that starts no token.
+// Comments (-- to the end of the line, /* */ nested) and white space fall away; a kEnd token closes the list.
+// Raises 105 for a quotation mark and 113 for a comment that is never closed, 102 for a character that starts
+// no token.
 std::vector<Token> Tokenize(std::string_view batch);
 
 }  // namespace salerpt::tsql

@@ -22,7 +22,8 @@ std::string_view Unsigned(std::string_view text, bool& negative) {
 std::optional<double> ReadNumber(std::string_view text, std::chars_format format) {
   bool negative = false;
   text = Unsigned(Trim(text), negative);
-  if (text.empty() || !((text.front() >= '0' && text.front() <= '9') || text.front() == '.')) return std::nullopt;
+  if (text.empty() || !((text.front() >= '0' && text.front() <= '9') || text.front() == '.'))
+    return std::nullopt;
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, format);
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
@@ -42,7 +43,9 @@ std::optional<std::int64_t> ReadInteger(std::string_view text) {
   return negative ? -value : value;
 }
 
-std::optional<double> ReadDecimal(std::string_view text) { return ReadNumber(text, std::chars_format::fixed); }
+std::optional<double> ReadDecimal(std::string_view text) {
+  return ReadNumber(text, std::chars_format::fixed);
+}
 
 std::optional<double> ReadFloat(std::string_view text) {
   if (Trim(text).empty()) return 0.0;
@@ -56,7 +59,8 @@ bool FitsInteger(std::int64_t value, TypeKind kind) {
     case TypeKind::kSmallInt:
       return value >= -32768 && value <= 32767;
     case TypeKind::kInt:
-      return value >= std::numeric_limits<std::int32_t>::min() && value <= std::numeric_limits<std::int32_t>::max();
+      return value >= std::numeric_limits<std::int32_t>::min() &&
+             value <= std::numeric_limits<std::int32_t>::max();
     default:
       return true;
   }
@@ -84,10 +88,13 @@ std::int64_t IntegerOfText(std::string_view text, TypeKind to, std::string_view 
   if (to == TypeKind::kBit) return *value != 0 ? 1 : 0;
   if (!FitsInteger(*value, to)) {
     if (to == TypeKind::kInt) {
-      Raise(248, fmt::format("The conversion of the {} value '{}' overflowed an int column.", from_word, text));
+      Raise(248,
+            fmt::format("The conversion of the {} value '{}' overflowed an int column.", from_word, text));
     }
-    Raise(244, fmt::format("The conversion of the {} value '{}' overflowed an {} column. Use a larger integer column.",
-                           from_word, text, to == TypeKind::kSmallInt ? "INT2" : "INT1"));
+    Raise(244,
+          fmt::format(
+              "The conversion of the {} value '{}' overflowed an {} column. Use a larger integer column.",
+              from_word, text, to == TypeKind::kSmallInt ? "INT2" : "INT1"));
   }
   return *value;
 }
@@ -95,7 +102,8 @@ std::int64_t IntegerOfText(std::string_view text, TypeKind to, std::string_view 
 double DecimalOfText(std::string_view text, const ColumnType& to, std::string_view from_word) {
   const std::optional<double> value = ReadDecimal(text);
   if (!value) {
-    if (to.kind == TypeKind::kMoney) Raise(235, "Cannot convert a char value to money. The char value has incorrect syntax.");
+    if (to.kind == TypeKind::kMoney)
+      Raise(235, "Cannot convert a char value to money. The char value has incorrect syntax.");
     Raise(8114, fmt::format("Error converting data type {} to numeric.", from_word));
   }
   const double rounded = RoundDecimal(*value, to.scale);

@@ -17,23 +17,40 @@ constexpr std::size_t kMaxNameParts = 4;
 
 // Sorted, in capitals.
 constexpr auto kReservedWords = std::to_array<std::string_view>({
-    "ADD",       "ALL",      "ALTER",    "AND",       "ANY",      "AS",         "ASC",       "AUTHORIZATION",
-    "BACKUP",    "BEGIN",    "BETWEEN",  "BREAK",     "BROWSE",   "BULK",       "BY",        "CASCADE",
-    "CASE",      "CHECK",    "CLOSE",    "CLUSTERED", "COALESCE", "COLLATE",    "COLUMN",    "COMMIT",
-    "COMPUTE",   "CONSTRAINT", "CONTINUE", "CONVERT", "CREATE",   "CROSS",      "CURRENT",   "CURSOR",
-    "DATABASE",  "DBCC",     "DEALLOCATE", "DECLARE", "DEFAULT",  "DELETE",     "DENY",      "DESC",
-    "DISTINCT",  "DROP",     "ELSE",     "END",       "ESCAPE",   "EXCEPT",     "EXEC",      "EXECUTE",
-    "EXISTS",    "FETCH",    "FOR",      "FOREIGN",   "FROM",     "FULL",       "FUNCTION",  "GOTO",
-    "GRANT",     "GROUP",    "HAVING",   "HOLDLOCK",  "IDENTITY", "IF",         "IN",        "INDEX",
-    "INNER",     "INSERT",   "INTERSECT", "INTO",     "IS",       "JOIN",       "KEY",       "KILL",
-    "LEFT",      "LIKE",     "MERGE",    "NOCHECK",   "NONCLUSTERED", "NOT",    "NULL",      "NULLIF",
-    "OF",        "OFF",      "ON",       "OPEN",      "OPTION",   "OR",         "ORDER",     "OUTER",
-    "OVER",      "PERCENT",  "PIVOT",    "PRIMARY",   "PRINT",    "PROC",       "PROCEDURE", "RAISERROR",
-    "READ",      "RECONFIGURE", "REFERENCES", "RESTORE", "RETURN", "REVOKE",    "RIGHT",     "ROLLBACK",
-    "ROWCOUNT",  "RULE",     "SAVE",     "SELECT",    "SET",      "SHUTDOWN",   "SOME",      "STATISTICS",
-    "TABLE",     "TABLESAMPLE", "THEN",  "TO",        "TOP",      "TRAN",       "TRANSACTION", "TRIGGER",
-    "TRUNCATE",  "UNION",    "UNIQUE",   "UNPIVOT",   "UPDATE",   "USE",        "USER",      "VALUES",
-    "VIEW",      "WAITFOR",  "WHEN",     "WHERE",     "WHILE",    "WITH",       "WRITETEXT",
+    "ADD",          "ALL",         "ALTER",       "AND",
+    "ANY",          "AS",          "ASC",         "AUTHORIZATION",
+    "BACKUP",       "BEGIN",       "BETWEEN",     "BREAK",
+    "BROWSE",       "BULK",        "BY",          "CASCADE",
+    "CASE",         "CHECK",       "CLOSE",       "CLUSTERED",
+    "COALESCE",     "COLLATE",     "COLUMN",      "COMMIT",
+    "COMPUTE",      "CONSTRAINT",  "CONTINUE",    "CONVERT",
+    "CREATE",       "CROSS",       "CURRENT",     "CURSOR",
+    "DATABASE",     "DBCC",        "DEALLOCATE",  "DECLARE",
+    "DEFAULT",      "DELETE",      "DENY",        "DESC",
+    "DISTINCT",     "DROP",        "ELSE",        "END",
+    "ESCAPE",       "EXCEPT",      "EXEC",        "EXECUTE",
+    "EXISTS",       "FETCH",       "FOR",         "FOREIGN",
+    "FROM",         "FULL",        "FUNCTION",    "GOTO",
+    "GRANT",        "GROUP",       "HAVING",      "HOLDLOCK",
+    "IDENTITY",     "IF",          "IN",          "INDEX",
+    "INNER",        "INSERT",      "INTERSECT",   "INTO",
+    "IS",           "JOIN",        "KEY",         "KILL",
+    "LEFT",         "LIKE",        "MERGE",       "NOCHECK",
+    "NONCLUSTERED", "NOT",         "NULL",        "NULLIF",
+    "OF",           "OFF",         "ON",          "OPEN",
+    "OPTION",       "OR",          "ORDER",       "OUTER",
+    "OVER",         "PERCENT",     "PIVOT",       "PRIMARY",
+    "PRINT",        "PROC",        "PROCEDURE",   "RAISERROR",
+    "READ",         "RECONFIGURE", "REFERENCES",  "RESTORE",
+    "RETURN",       "REVOKE",      "RIGHT",       "ROLLBACK",
+    "ROWCOUNT",     "RULE",        "SAVE",        "SELECT",
+    "SET",          "SHUTDOWN",    "SOME",        "STATISTICS",
+    "TABLE",        "TABLESAMPLE", "THEN",        "TO",
+    "TOP",          "TRAN",        "TRANSACTION", "TRIGGER",
+    "TRUNCATE",     "UNION",       "UNIQUE",      "UNPIVOT",
+    "UPDATE",       "USE",         "USER",        "VALUES",
+    "VIEW",         "WAITFOR",     "WHEN",        "WHERE",
+    "WHILE",        "WITH",        "WRITETEXT",
 });
 
 }  // namespace
@@ -42,14 +59,18 @@ bool IsReservedWord(std::string_view word) {
   return std::binary_search(kReservedWords.begin(), kReservedWords.end(), std::string_view(UpperCase(word)));
 }
 
-Batch ParseBatch(std::string_view text) { return Parser(Tokenize(text)).ParseAll(); }
+Batch ParseBatch(std::string_view text) {
+  return Parser(Tokenize(text)).ParseAll();
+}
 
 Parser::DepthGuard::DepthGuard(Parser& parser) : parser_(parser) {
   if (parser_.depth_ >= kMaxDepth) Raise(191, std::string(kTooDeepText), parser_.Peek().line);
   ++parser_.depth_;
 }
 
-const Token& Parser::Peek(std::size_t ahead) const { return tokens_[std::min(position_ + ahead, tokens_.size() - 1)]; }
+const Token& Parser::Peek(std::size_t ahead) const {
+  return tokens_[std::min(position_ + ahead, tokens_.size() - 1)];
+}
 
 const Token& Parser::Take() {
   const Token& token = Peek();
@@ -95,7 +116,9 @@ void Parser::FailHere() const {
   Raise(102, fmt::format("Incorrect syntax near '{}'.", token.text), token.line);
 }
 
-void Parser::RefuseHere(std::string_view what) const { RaiseNotSupported(what, Peek().line); }
+void Parser::RefuseHere(std::string_view what) const {
+  RaiseNotSupported(what, Peek().line);
+}
 
 bool Parser::AtName(std::size_t ahead) const {
   const Token& token = Peek(ahead);
@@ -116,8 +139,10 @@ NameParts Parser::TakeNameParts() {
   while (TakeSymbol(".")) {
     parts.push_back(AtSymbol(".") ? std::string() : TakeName());
     if (parts.size() > kMaxNameParts) {
-      Raise(117, fmt::format("The object name '{}' contains more than the maximum number of prefixes. The maximum is 3.",
-                             fmt::join(parts, ".")),
+      Raise(117,
+            fmt::format(
+                "The object name '{}' contains more than the maximum number of prefixes. The maximum is 3.",
+                fmt::join(parts, ".")),
             Peek().line);
     }
   }
@@ -186,9 +211,10 @@ void Parser::ParseBody(Statement& statement) {
 
 void Parser::ParseSpecialBody(Statement& statement) {
   static constexpr auto kRefused = std::to_array<std::string_view>(
-      {"MERGE",   "EXEC",     "EXECUTE",  "PRINT",   "RAISERROR", "WAITFOR", "GOTO",  "BACKUP", "RESTORE", "GRANT",
-       "REVOKE",  "DENY",     "BULK",     "DBCC",    "KILL",      "OPEN",    "FETCH", "CLOSE",  "DEALLOCATE", "USE",
-       "COMMIT",  "ROLLBACK", "SAVE",     "WITH",    "SHUTDOWN",  "CHECKPOINT", "THROW"});
+      {"MERGE",    "EXEC",    "EXECUTE", "PRINT",    "RAISERROR",  "WAITFOR", "GOTO",
+       "BACKUP",   "RESTORE", "GRANT",   "REVOKE",   "DENY",       "BULK",    "DBCC",
+       "KILL",     "OPEN",    "FETCH",   "CLOSE",    "DEALLOCATE", "USE",     "COMMIT",
+       "ROLLBACK", "SAVE",    "WITH",    "SHUTDOWN", "CHECKPOINT", "THROW"});
   if (TakeWord("if")) {
     statement.body = ParseIf();
   } else if (TakeWord("while")) {
@@ -199,7 +225,8 @@ void Parser::ParseSpecialBody(Statement& statement) {
   } else if (AtWord("break") || AtWord("continue")) {
     if (loop_depth_ == 0) {
       Raise(AtWord("break") ? 135 : 136,
-            fmt::format("Cannot use a {} statement outside the scope of a WHILE statement.", UpperCase(Peek().text)),
+            fmt::format("Cannot use a {} statement outside the scope of a WHILE statement.",
+                        UpperCase(Peek().text)),
             Peek().line);
     }
     if (TakeWord("break")) {
@@ -359,11 +386,13 @@ DropTableStatement Parser::ParseDrop() {
 
 void Parser::DeclareVariable(const std::string& name, int line) {
   if (std::find(variables_.begin(), variables_.end(), UpperCase(name)) != variables_.end()) {
-    Raise(134,
-          fmt::format("The variable name '{}' has already been declared. Variable names must be unique within a query "
-                      "batch or stored procedure.",
-                      name),
-          line);
+    Raise(
+        134,
+        fmt::format(
+            "The variable name '{}' has already been declared. Variable names must be unique within a query "
+            "batch or stored procedure.",
+            name),
+        line);
   }
   variables_.push_back(UpperCase(name));
 }

@@ -10,12 +10,13 @@
 
 namespace salerpt::tsql {
 
-// Raises 102 and 156 for what is no T-SQL, 137 and 134 for variables, 195 for unknown functions, 191 for statements that
-// are nested too deeply, and 50000 for statements and clauses that the engine refuses by name. Nothing has run then.
+// Raises 102 and 156 for what is no T-SQL, 137 and 134 for variables, 195 for unknown functions, 191 for
+// statements that are nested too deeply, and 50000 for statements and clauses that the engine refuses by
+// name. Nothing has run then.
 Batch ParseBatch(std::string_view text);
 
-// The parser proper. Its parts stand in parser.cpp (statements), parser_definition.cpp (create, alter, declare),
-// parser_query.cpp (selects) and parser_expression.cpp.
+// The parser proper. Its parts stand in parser.cpp (statements), parser_definition.cpp (create, alter,
+// declare), parser_query.cpp (selects) and parser_expression.cpp.
 class Parser {
  public:
   explicit Parser(std::vector<Token> tokens) : tokens_(std::move(tokens)) {}
@@ -119,7 +120,8 @@ class Parser {
   ExpressionPtr ParseConvert();
   ExpressionPtr ParseVariable();
   [[nodiscard]] ExpressionPtr NewExpression(ExpressionKind kind) const;
-  ExpressionPtr NewBinary(ExpressionKind kind, std::string text, ExpressionPtr left, ExpressionPtr right) const;
+  ExpressionPtr NewBinary(ExpressionKind kind, std::string text, ExpressionPtr left,
+                          ExpressionPtr right) const;
   void Adopt(Expression& parent, ExpressionPtr child) const;
 
   void DeclareVariable(const std::string& name, int line);

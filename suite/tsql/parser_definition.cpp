@@ -36,14 +36,16 @@ void Parser::ParseTableElements(CreateTableStatement& table) {
   ExpectSymbol("(");
   do {
     if (AtSymbol(")") && !table.columns.empty()) break;  // a comma may stand behind the last column
-    if (!ParseTableConstraint(table)) table.columns.push_back(ParseColumnDefinition(static_cast<int>(table.columns.size()) + 1));
+    if (!ParseTableConstraint(table))
+      table.columns.push_back(ParseColumnDefinition(static_cast<int>(table.columns.size()) + 1));
   } while (TakeSymbol(","));
   ExpectSymbol(")");
 }
 
 // PRIMARY KEY (a, b), UNIQUE (a) or CONSTRAINT name before one of them.
 bool Parser::ParseTableConstraint(CreateTableStatement& table) {
-  if (!AtWord("constraint") && !AtWord("primary") && !AtWord("unique") && !AtWord("foreign") && !AtWord("check")) {
+  if (!AtWord("constraint") && !AtWord("primary") && !AtWord("unique") && !AtWord("foreign") &&
+      !AtWord("check")) {
     return false;
   }
   if (TakeWord("constraint")) TakeName();
@@ -126,7 +128,8 @@ ColumnType Parser::ParseTypeName(int column) {
   ColumnType type = ParseType(token.text);
   if (type.kind == TypeKind::kNull) {
     if (column == 0) Raise(243, fmt::format("Type {} is not a defined system type.", token.text), token.line);
-    Raise(2715, fmt::format("Column, parameter, or variable #{}: Cannot find data type {}.", column, token.text),
+    Raise(2715,
+          fmt::format("Column, parameter, or variable #{}: Cannot find data type {}.", column, token.text),
           token.line);
   }
   Take();
@@ -137,10 +140,11 @@ ColumnType Parser::ParseTypeName(int column) {
     type.size = TakeWord("max") ? kMaxTextSize : TakeSmallNumber();
     if (type.size < 1 || type.size > kMaxTextSize) {
       Raise(type.size < 1 ? 1001 : 131,
-            type.size < 1
-                ? fmt::format("Line {}: Length or precision specification {} is invalid.", token.line, type.size)
-                : fmt::format("The size ({}) given to the type '{}' exceeds the maximum allowed for any data type ({}).",
-                              type.size, type.Word(), kMaxTextSize),
+            type.size < 1 ? fmt::format("Line {}: Length or precision specification {} is invalid.",
+                                        token.line, type.size)
+                          : fmt::format("The size ({}) given to the type '{}' exceeds the maximum allowed "
+                                        "for any data type ({}).",
+                                        type.size, type.Word(), kMaxTextSize),
             token.line);
     }
   } else {
@@ -148,9 +152,11 @@ ColumnType Parser::ParseTypeName(int column) {
     const int scale = TakeSymbol(",") ? TakeSmallNumber() : 0;
     if (type.kind == TypeKind::kDecimal) type = DecimalType(precision, scale);
     if (precision < 1 || precision > (type.kind == TypeKind::kDecimal ? kMaxPrecision : 53)) {
-      Raise(2750, fmt::format("Column or parameter: Specified column precision {} is greater than the maximum precision "
-                              "of {}.",
-                              precision, type.kind == TypeKind::kDecimal ? kMaxPrecision : 53),
+      Raise(2750,
+            fmt::format(
+                "Column or parameter: Specified column precision {} is greater than the maximum precision "
+                "of {}.",
+                precision, type.kind == TypeKind::kDecimal ? kMaxPrecision : 53),
             token.line);
     }
     if (scale > precision) {

@@ -46,7 +46,8 @@ void Parser::Adopt(Expression& parent, ExpressionPtr child) const {
   parent.args.push_back(std::move(child));
 }
 
-ExpressionPtr Parser::NewBinary(ExpressionKind kind, std::string text, ExpressionPtr left, ExpressionPtr right) const {
+ExpressionPtr Parser::NewBinary(ExpressionKind kind, std::string text, ExpressionPtr left,
+                                ExpressionPtr right) const {
   ExpressionPtr result = NewExpression(kind);
   result->text = std::move(text);
   Adopt(*result, std::move(left));
@@ -67,10 +68,12 @@ ExpressionPtr Parser::ParseCondition() {
   ExpressionPtr left = ParseAnd();
   while (TakeWord("or")) left = NewBinary(ExpressionKind::kOr, "or", std::move(left), ParseAnd());
   if (!IsCondition(*left)) {
-    Raise(4145, fmt::format("An expression of non-boolean type specified in a context where a condition is expected, "
-                            "near '{}'.",
-                            Peek().text),
-          Peek().line);
+    Raise(
+        4145,
+        fmt::format("An expression of non-boolean type specified in a context where a condition is expected, "
+                    "near '{}'.",
+                    Peek().text),
+        Peek().line);
   }
   return left;
 }
@@ -257,7 +260,8 @@ ExpressionPtr Parser::ParseNameExpression() {
   const Token token = Peek();
   const bool call = AtSymbol("(", 1);
   // These words are reserved and yet names of functions.
-  const bool reserved_call = call && (AtWord("left") || AtWord("right") || AtWord("coalesce") || AtWord("nullif"));
+  const bool reserved_call =
+      call && (AtWord("left") || AtWord("right") || AtWord("coalesce") || AtWord("nullif"));
   if (TakeWord("null")) return NewExpression(ExpressionKind::kNull);
   if (call && token.kind == TokenKind::kWord && (AtName() || reserved_call)) {
     Take();

@@ -234,11 +234,9 @@ void Parser::ParseGroupBy(QueryBlock& block) {
   do {
     block.group_by.push_back(ParseExpression());
   } while (TakeSymbol(","));
-  if (!AtWord("with")) return;
-  if (AtWord("cube", 1)) RefuseHere("WITH CUBE");
-  if (!AtWord("rollup", 1)) return;
-  Take();
-  Take();
+  if (!TakeWord("with")) return;
+  if (AtWord("cube")) RefuseHere("WITH CUBE");
+  ExpectWord("rollup");
   block.grouping = Grouping::kRollup;
 }
 

@@ -5,8 +5,12 @@
 namespace salerpt::tsql {
 namespace {
 
-bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-char Fold(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool IsContinuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+char Fold(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 // The first character of a text, as its bytes.
 std::string_view FirstCharacter(std::string_view text) {
@@ -16,7 +20,8 @@ std::string_view FirstCharacter(std::string_view text) {
 }
 
 bool EqualCharacters(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Fold(x) == Fold(y); });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Fold(x) == Fold(y); });
 }
 
 std::string Folded(std::string_view text) {
@@ -25,7 +30,8 @@ std::string Folded(std::string_view text) {
   return result;
 }
 
-// [abc], [a-z], [^…]: `pattern` starts at the bracket. Advances it behind the class; false when no bracket closes it.
+// [abc], [a-z], [^…]: `pattern` starts at the bracket. Advances it behind the class; false when no bracket
+// closes it.
 bool MatchClass(std::string_view& pattern, std::string_view character, bool& matches) {
   const std::size_t close = pattern.find(']', 1);
   if (close == std::string_view::npos) return false;
@@ -105,7 +111,8 @@ std::size_t FindText(std::string_view text, std::string_view sought, std::size_t
 }
 
 std::size_t CountCharacters(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return !IsContinuation(c); }));
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return !IsContinuation(c); }));
 }
 
 std::size_t OffsetOfCharacter(std::string_view text, std::size_t index) {

@@ -18,9 +18,9 @@ struct AggregateSpec {
   ColumnType type;    // of the argument
 };
 
-// A GROUP BY … WITH ROLLUP: the base statement gives keys and arguments row by row; the grouping itself is done outside SQLite
-// and its rows are read back through the table of groups, whose columns are the keys, one GROUPING flag a key, and the
-// aggregates.
+// A GROUP BY … WITH ROLLUP: the base statement gives keys and arguments row by row; the grouping itself is
+// done outside SQLite and its rows are read back through the table of groups, whose columns are the keys, one
+// GROUPING flag a key, and the aggregates.
 struct RollupPlan {
   std::string base_sql;
   std::vector<ColumnType> keys;
@@ -36,10 +36,10 @@ struct IndexRequest {
 };
 
 enum class PlanKind : std::uint8_t {
-  kRows,     // rows go to the sink
-  kAssign,   // the last row goes into variables
-  kChange,   // rows are written; the change count becomes @@ROWCOUNT
-  kInto,     // kChange into a table that is made first
+  kRows,    // rows go to the sink
+  kAssign,  // the last row goes into variables
+  kChange,  // rows are written; the change count becomes @@ROWCOUNT
+  kInto,    // kChange into a table that is made first
 };
 
 struct Plan {

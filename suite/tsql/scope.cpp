@@ -60,7 +60,8 @@ ResolvedColumn Resolve(const NameParts& name, const Scope& scope) {
 }
 
 bool SameExpression(const Expression& a, const Expression& b, const Scope& scope) {
-  if (a.kind != b.kind || a.args.size() != b.args.size() || a.query != nullptr || b.query != nullptr) return false;
+  if (a.kind != b.kind || a.args.size() != b.args.size() || a.query != nullptr || b.query != nullptr)
+    return false;
   if (a.kind == ExpressionKind::kColumn) return SameColumn(a.name, b.name, scope);
   if (a.negated != b.negated || a.distinct != b.distinct || a.has_operand != b.has_operand) return false;
   if (a.kind == ExpressionKind::kText ? a.text != b.text : !EqualNames(a.text, b.text)) return false;

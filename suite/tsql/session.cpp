@@ -83,8 +83,9 @@ class Session::Impl {
     catalog_.Forget();
     state_.indexes.clear();
     for (const TablePtr& table : catalog_.TemporaryTables()) {
-      const PreparedStatement look(state_.engine, "SELECT 1 FROM temp.sqlite_schema WHERE type='table' AND name=" +
-                                                      QuoteLiteral(table->name));
+      const PreparedStatement look(
+          state_.engine,
+          "SELECT 1 FROM temp.sqlite_schema WHERE type='table' AND name=" + QuoteLiteral(table->name));
       if (!look.Step(state_.engine)) catalog_.Remove(*table);
     }
   }
@@ -98,15 +99,23 @@ class Session::Impl {
 Session::Session(sqlite3* connection) : impl_(std::make_unique<Impl>(connection)) {}
 Session::~Session() = default;
 
-void Session::Execute(std::string_view batch, RowSink& sink) { impl_->Execute(batch, sink); }
+void Session::Execute(std::string_view batch, RowSink& sink) {
+  impl_->Execute(batch, sink);
+}
 
 void Session::Execute(std::string_view batch) {
   NoRows nobody;
   impl_->Execute(batch, nobody);
 }
 
-void Session::DropTemporaryTables() { impl_->DropTemporaryTables(); }
-void Session::SetStatementLimit(std::int64_t statements) { impl_->SetStatementLimit(statements); }
-std::int64_t Session::RowsAffected() const { return impl_->RowsAffected(); }
+void Session::DropTemporaryTables() {
+  impl_->DropTemporaryTables();
+}
+void Session::SetStatementLimit(std::int64_t statements) {
+  impl_->SetStatementLimit(statements);
+}
+std::int64_t Session::RowsAffected() const {
+  return impl_->RowsAffected();
+}
 
 }  // namespace salerpt::tsql

@@ -30,8 +30,9 @@ class Value {
   explicit Value(double number) : kind_(Kind::kDouble), double_(number) {}
   explicit Value(std::string_view text) : kind_(Kind::kText), text_(text) {}
 
-  // Follows from the column's type: integers and bit give kInteger; decimal, money, real and float kDouble (a decimal is
-  // the double nearest to its digits); text and dates kText, dates as 'YYYY-MM-DD HH:MM:SS' (with '.mmm' when not 0).
+  // Follows from the column's type: integers and bit give kInteger; decimal, money, real and float kDouble (a
+  // decimal is the double nearest to its digits); text and dates kText, dates as 'YYYY-MM-DD HH:MM:SS' (with
+  // '.mmm' when not 0).
   [[nodiscard]] Kind GetKind() const { return kind_; }
   [[nodiscard]] bool IsNull() const { return kind_ == Kind::kNull; }
   // Only for a cell of that kind.
@@ -72,20 +73,20 @@ class TsqlError : public RuntimeError {
   int line_;
 };
 
-// One connection to an account set, as a program has one to the server. Temporary tables live from batch to batch;
-// variables and table variables end with the batch. Not for use from two threads.
+// One connection to an account set, as a program has one to the server. Temporary tables live from batch to
+// batch; variables and table variables end with the batch. Not for use from two threads.
 class Session {
  public:
-  // Registers its functions, its collation and an in-memory temporary store on the connection, which it does not own and
-  // which must outlive it. One session a connection.
+  // Registers its functions, its collation and an in-memory temporary store on the connection, which it does
+  // not own and which must outlive it. One session a connection.
   explicit Session(sqlite3* connection);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // Runs a batch. Every SELECT that returns rows goes to the sink, in order. Raises TsqlError: a syntax error, an
-  // undeclared variable or an unknown function before anything ran; any other error at its statement, whose own
-  // changes are undone while those of earlier statements stay, as on the server.
+  // Runs a batch. Every SELECT that returns rows goes to the sink, in order. Raises TsqlError: a syntax
+  // error, an undeclared variable or an unknown function before anything ran; any other error at its
+  // statement, whose own changes are undone while those of earlier statements stay, as on the server.
   void Execute(std::string_view batch, RowSink& sink);
   // Runs a batch whose rows nobody reads.
   void Execute(std::string_view batch);
@@ -93,7 +94,8 @@ class Session {
   // Drops the #tables that earlier batches left behind.
   void DropTemporaryTables();
 
-  // Ends a batch with error 50000 after so many statements, loop rounds counted anew; 0 is no limit (as at the start).
+  // Ends a batch with error 50000 after so many statements, loop rounds counted anew; 0 is no limit (as at
+  // the start).
   void SetStatementLimit(std::int64_t statements);
   // Rows that the last inserting, updating or deleting statement touched.
   [[nodiscard]] std::int64_t RowsAffected() const;

@@ -8,7 +8,8 @@ namespace salerpt::tsql {
 namespace {
 
 // "table.column" behind the colon of a constraint message; the first one where there are several.
-bool SplitConstraint(std::string_view message, std::string_view head, std::string& table, std::string& column) {
+bool SplitConstraint(std::string_view message, std::string_view head, std::string& table,
+                     std::string& column) {
   if (!message.starts_with(head)) return false;
   std::string_view rest = message.substr(head.size());
   rest = rest.substr(0, rest.find(','));
@@ -31,15 +32,21 @@ void Engine::Fail() const {
   std::string table;
   std::string column;
   if (SplitConstraint(message, "NOT NULL constraint failed: ", table, column)) {
-    Raise(515, fmt::format("Cannot insert the value NULL into column '{}', table '{}'; column does not allow nulls. INSERT "
-                           "fails.",
-                           column, table));
+    Raise(
+        515,
+        fmt::format(
+            "Cannot insert the value NULL into column '{}', table '{}'; column does not allow nulls. INSERT "
+            "fails.",
+            column, table));
   }
   if (SplitConstraint(message, "UNIQUE constraint failed: ", table, column)) {
-    Raise(2627, fmt::format("Violation of UNIQUE KEY constraint. Cannot insert duplicate key in object '{}'.", table));
+    Raise(2627, fmt::format("Violation of UNIQUE KEY constraint. Cannot insert duplicate key in object '{}'.",
+                            table));
   }
-  if (message == "integer overflow") Raise(8115, "Arithmetic overflow error converting expression to data type int.");
-  if (message.find("Expression tree is too large") != std::string::npos || message == "parser stack overflow") {
+  if (message == "integer overflow")
+    Raise(8115, "Arithmetic overflow error converting expression to data type int.");
+  if (message.find("Expression tree is too large") != std::string::npos ||
+      message == "parser stack overflow") {
     Raise(191, std::string(kTooDeepText));
   }
   Raise(kNotSupported, fmt::format("The embedded engine could not run the statement: {}.", message));
@@ -53,7 +60,8 @@ void Engine::Run(const std::string& sql) const {
 PreparedStatement::PreparedStatement(const Engine& engine, const std::string& sql) {
   engine.functions->failure.reset();
   sqlite3_stmt* raw = nullptr;
-  if (sqlite3_prepare_v2(engine.connection, sql.c_str(), static_cast<int>(sql.size()), &raw, nullptr) != SQLITE_OK) {
+  if (sqlite3_prepare_v2(engine.connection, sql.c_str(), static_cast<int>(sql.size()), &raw, nullptr) !=
+      SQLITE_OK) {
     engine.Fail();
   }
   statement_.reset(raw);
@@ -68,7 +76,8 @@ void PreparedStatement::Bind(const Variables& variables) const {
     } else if (const auto* number = std::get_if<double>(&value)) {
       sqlite3_bind_double(statement_.get(), i + 1, *number);
     } else if (const auto* text = std::get_if<std::string>(&value)) {
-      sqlite3_bind_text(statement_.get(), i + 1, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+      sqlite3_bind_text(statement_.get(), i + 1, text->data(), static_cast<int>(text->size()),
+                        SQLITE_TRANSIENT);
     } else {
       sqlite3_bind_null(statement_.get(), i + 1);
     }
@@ -89,7 +98,8 @@ Value ReadValue(sqlite3_stmt* statement, int column, const ColumnType& type) {
   }
   if (type.IsNumber()) return Value(sqlite3_column_double(statement, column));
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-  return Value(std::string_view(text == nullptr ? "" : text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))));
+  return Value(std::string_view(text == nullptr ? "" : text,
+                                static_cast<std::size_t>(sqlite3_column_bytes(statement, column))));
 }
 
 Datum ReadDatum(sqlite3_stmt* statement, int column, const ColumnType& type) {

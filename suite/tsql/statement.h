@@ -17,7 +17,8 @@ struct Engine {
   sqlite3* connection = nullptr;
   FunctionState* functions = nullptr;
 
-  // Raises what a failed call means: the failure that a function left, a constraint in the server's words, or 50000.
+  // Raises what a failed call means: the failure that a function left, a constraint in the server's words, or
+  // 50000.
   [[noreturn]] void Fail() const;
   void Run(const std::string& sql) const;
 };

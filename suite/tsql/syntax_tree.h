@@ -33,16 +33,16 @@ enum class ExpressionKind : std::uint8_t {
   kAnd,
   kOr,
   kNot,
-  kIsNull,       // negated
-  kIn,           // args[0] in the other args or in query; negated
-  kBetween,      // args[0] between args[1] and args[2]; negated
-  kLike,         // args[0] like args[1], escape args[2] when there; negated
-  kExists,       // query
-  kSubquery,     // query
-  kCase,         // has_operand: args[0]; then pairs of when and then; has_else: the last
-  kFunction,     // text: the name in lower case; distinct
-  kConvert,      // args[0] to type, style args[1] when there (CAST and CONVERT)
-  kRowNumber,    // partition, order
+  kIsNull,     // negated
+  kIn,         // args[0] in the other args or in query; negated
+  kBetween,    // args[0] between args[1] and args[2]; negated
+  kLike,       // args[0] like args[1], escape args[2] when there; negated
+  kExists,     // query
+  kSubquery,   // query
+  kCase,       // has_operand: args[0]; then pairs of when and then; has_else: the last
+  kFunction,   // text: the name in lower case; distinct
+  kConvert,    // args[0] to type, style args[1] when there (CAST and CONVERT)
+  kRowNumber,  // partition, order
 };
 
 struct OrderItem {
@@ -72,8 +72,8 @@ enum class JoinKind : std::uint8_t { kInner, kLeft, kRight, kFull, kCross };
 
 // A table, a derived table or a join of two of them.
 struct TableSource {
-  NameParts name;   // a table
-  QueryPtr query;   // or a derived table
+  NameParts name;  // a table
+  QueryPtr query;  // or a derived table
   std::string alias;
   std::vector<std::string> column_aliases;  // of a derived table
   JoinKind join = JoinKind::kInner;         // or a join of left and right
@@ -107,7 +107,8 @@ struct QueryBlock {
 
 enum class SetOperator : std::uint8_t { kUnion, kUnionAll, kExcept, kIntersect };
 
-// Blocks joined by set operators from the left (operators[i] stands before blocks[i+1]), then the order of all.
+// Blocks joined by set operators from the left (operators[i] stands before blocks[i+1]), then the order of
+// all.
 struct Query {
   std::vector<QueryBlock> blocks;
   std::vector<SetOperator> operators;
@@ -209,9 +210,9 @@ struct Statement {
   int line = 0;
   int id = 0;  // unique in its batch: the interpreter keeps translations by it
   std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, CreateTableStatement,
-               CreateIndexStatement, DropTableStatement, AlterTableStatement, TruncateStatement, DeclareStatement,
-               SetStatement, SetOptionStatement, IfStatement, WhileStatement, BlockStatement, BreakStatement,
-               ContinueStatement, ReturnStatement>
+               CreateIndexStatement, DropTableStatement, AlterTableStatement, TruncateStatement,
+               DeclareStatement, SetStatement, SetOptionStatement, IfStatement, WhileStatement,
+               BlockStatement, BreakStatement, ContinueStatement, ReturnStatement>
       body;
 };
 

@@ -11,11 +11,14 @@ namespace {
 
 bool HasSubquery(const Expression& e) {
   if (e.query != nullptr) return true;
-  return std::any_of(e.args.begin(), e.args.end(), [](const ExpressionPtr& arg) { return HasSubquery(*arg); });
+  return std::any_of(e.args.begin(), e.args.end(),
+                     [](const ExpressionPtr& arg) { return HasSubquery(*arg); });
 }
 
 // Looks into a join for the entry that an UPDATE or DELETE means.
-std::string NameOfTarget(const NameParts& target) { return target.back(); }
+std::string NameOfTarget(const NameParts& target) {
+  return target.back();
+}
 
 }  // namespace
 
@@ -28,8 +31,9 @@ Plan Translator::TranslateSelect(const SelectStatement& statement) {
   std::vector<ColumnType> types;
   for (const SelectItem& item : first.items) {
     if (item.variable.empty() == assigns) {
-      Raise(141, "A SELECT statement that assigns a value to a variable must not be combined with data-retrieval "
-                 "operations.");
+      Raise(141,
+            "A SELECT statement that assigns a value to a variable must not be combined with data-retrieval "
+            "operations.");
     }
     if (!assigns) continue;
     plan.variables.push_back(variables_.Get(item.variable));
@@ -63,15 +67,20 @@ Plan Translator::TranslateInto(const QueryBlock& block, const Query& query) {
     column.type = result.columns[i].type;
     column.type.nullable = true;
     if (column.name.empty()) {
-      Raise(1038, "An object or column name is missing or empty. For SELECT INTO statements, verify each column has a "
-                  "name. For other statements, look for empty alias names. Aliases defined as \"\" or [] are not allowed. "
-                  "Change the alias to a valid name.");
+      Raise(1038,
+            "An object or column name is missing or empty. For SELECT INTO statements, verify each column "
+            "has a "
+            "name. For other statements, look for empty alias names. Aliases defined as \"\" or [] are not "
+            "allowed. "
+            "Change the alias to a valid name.");
     }
     if (column.type.kind == TypeKind::kNull) column.type = IntegerType();
     if (table.Find(column.name) >= 0) {
-      Raise(2705, fmt::format("Column names in each table must be unique. Column name '{}' in table '{}' is specified more "
-                              "than once.",
-                              column.name, table.name));
+      Raise(2705,
+            fmt::format(
+                "Column names in each table must be unique. Column name '{}' in table '{}' is specified more "
+                "than once.",
+                column.name, table.name));
     }
     table.columns.push_back(std::move(column));
     // Loops look such rows up one by one.
@@ -84,7 +93,8 @@ Plan Translator::TranslateInto(const QueryBlock& block, const Query& query) {
       const TablePtr from = catalog_.Get(block.from[0]->name);
       const int identity = from->Identity();
       const std::string& name = block.items[i].expression->name.back();
-      if (identity >= 0 && from->Find(name) == identity) plan.into_indexes.push_back(table.columns.back().name);
+      if (identity >= 0 && from->Find(name) == identity)
+        plan.into_indexes.push_back(table.columns.back().name);
     }
   }
   plan.sql = fmt::format("INSERT INTO {} {}", table.sql, result.text);
@@ -105,14 +115,18 @@ std::vector<int> Translator::InsertColumns(const InsertStatement& statement, con
     const int column = table.Find(name);
     if (column < 0) RaiseInvalidColumn(name);
     if (std::find(columns.begin(), columns.end(), column) != columns.end()) {
-      Raise(264, fmt::format("The column name '{}' is specified more than once in the SET clause or column list of an "
-                             "INSERT. A column cannot be assigned more than one value in the same clause.",
-                             name));
+      Raise(264,
+            fmt::format(
+                "The column name '{}' is specified more than once in the SET clause or column list of an "
+                "INSERT. A column cannot be assigned more than one value in the same clause.",
+                name));
     }
     if (table.columns[static_cast<std::size_t>(column)].identity) {
-      Raise(544, fmt::format("Cannot insert explicit value for identity column in table '{}' when IDENTITY_INSERT is set "
-                             "to OFF.",
-                             table.name));
+      Raise(544,
+            fmt::format(
+                "Cannot insert explicit value for identity column in table '{}' when IDENTITY_INSERT is set "
+                "to OFF.",
+                table.name));
     }
     columns.push_back(column);
   }
@@ -144,10 +158,10 @@ Plan Translator::TranslateInsert(const InsertStatement& statement) {
     if (query.columns.size() != columns.size()) {
       if (statement.columns.empty()) Raise(213, std::string(kInsertColumnsText));
       const bool more = query.columns.size() > columns.size();
-      Raise(more ? 121 : 120,
-            fmt::format("The select list for the INSERT statement contains {} items than the insert list. The number of "
-                        "SELECT values must match the number of INSERT columns.",
-                        more ? "more" : "fewer"));
+      Raise(more ? 121 : 120, fmt::format("The select list for the INSERT statement contains {} items than "
+                                          "the insert list. The number of "
+                                          "SELECT values must match the number of INSERT columns.",
+                                          more ? "more" : "fewer"));
     }
     rows = std::move(query.text);
   } else {
@@ -167,15 +181,18 @@ std::string Translator::ValuesSql(const InsertStatement& statement, const TableI
     if (row.size() != columns.size()) {
       if (statement.columns.empty()) Raise(213, std::string(kInsertColumnsText));
       const bool more = row.size() > columns.size();
-      Raise(more ? 110 : 109,
-            fmt::format("There are {} columns in the INSERT statement than values specified in the VALUES clause. The "
-                        "number of values in the VALUES clause must match the number of columns specified in the INSERT "
-                        "statement.",
-                        more ? "fewer" : "more"));
+      Raise(
+          more ? 110 : 109,
+          fmt::format(
+              "There are {} columns in the INSERT statement than values specified in the VALUES clause. The "
+              "number of values in the VALUES clause must match the number of columns specified in the "
+              "INSERT "
+              "statement.",
+              more ? "fewer" : "more"));
     }
     std::string cells;
     for (std::size_t i = 0; i < row.size(); ++i) {
-      if (row[i] == nullptr) RaiseNotSupported("DEFAULT in VALUES", 0);
+      if (row[i] == nullptr) RaiseNotSupported("DEFAULT in VALUES", line_);
       const ColumnInfo& info = table.columns[static_cast<std::size_t>(columns[i])];
       cells += cells.empty() ? "" : ",";
       cells += Convert(Value(*row[i], empty), info.type, ConvertMode::kStore).text;
@@ -190,27 +207,31 @@ int Translator::FindTarget(const NameParts& target, Scope& scope) const {
   const int by_alias = FindSource(name, scope);
   if (by_alias >= 0) return by_alias;
   for (std::size_t i = 0; i < scope.sources.size(); ++i) {
-    if (EqualNames(scope.sources[i].table->name, name) && !scope.sources[i].derived) return static_cast<int>(i);
+    if (EqualNames(scope.sources[i].table->name, name) && !scope.sources[i].derived)
+      return static_cast<int>(i);
   }
   return -1;
 }
 
-// "c" = value for each column. `through_rows` takes the values as v1, v2, … from a query over the rows first, so that no row sees
-// what the statement has done to another.
-std::string Translator::Assignments(const UpdateStatement& statement, const TableInfo& table, const Scope& scope,
-                                    Plan& plan, bool through_rows, std::string& selected) {
+// "c" = value for each column. `through_rows` takes the values as v1, v2, … from a query over the rows first,
+// so that no row sees what the statement has done to another.
+std::string Translator::Assignments(const UpdateStatement& statement, const TableInfo& table,
+                                    const Scope& scope, Plan& plan, bool through_rows,
+                                    std::string& selected) {
   static_cast<void>(plan);
   std::string sets;
   std::vector<int> seen;
   for (const Assignment& assignment : statement.assignments) {
-    if (assignment.column.empty()) RaiseNotSupported("SET @variable in an UPDATE", 0);
-    if (assignment.value == nullptr) RaiseNotSupported("SET column = DEFAULT", 0);
+    if (assignment.column.empty()) RaiseNotSupported("SET @variable in an UPDATE", line_);
+    if (assignment.value == nullptr) RaiseNotSupported("SET column = DEFAULT", line_);
     const int column = table.Find(assignment.column.back());
     if (column < 0) RaiseInvalidColumn(assignment.column.back());
     if (std::find(seen.begin(), seen.end(), column) != seen.end()) {
-      Raise(264, fmt::format("The column name '{}' is specified more than once in the SET clause or column list of an "
-                             "INSERT. A column cannot be assigned more than one value in the same clause.",
-                             assignment.column.back()));
+      Raise(264,
+            fmt::format(
+                "The column name '{}' is specified more than once in the SET clause or column list of an "
+                "INSERT. A column cannot be assigned more than one value in the same clause.",
+                assignment.column.back()));
     }
     seen.push_back(column);
     const ColumnInfo& info = table.columns[static_cast<std::size_t>(column)];
@@ -242,17 +263,20 @@ Plan Translator::TranslateUpdate(const UpdateStatement& statement) {
   const Source source = scope.sources[static_cast<std::size_t>(target)];
   if (source.derived) RaiseInvalidObject(statement.target.back());
   plan.target = source.table->name;
-  const bool subqueries = std::any_of(statement.assignments.begin(), statement.assignments.end(),
-                                      [](const Assignment& a) { return a.value != nullptr && HasSubquery(*a.value); });
+  const bool subqueries =
+      std::any_of(statement.assignments.begin(), statement.assignments.end(),
+                  [](const Assignment& a) { return a.value != nullptr && HasSubquery(*a.value); });
   const bool through_rows = scope.sources.size() > 1 || subqueries;
-  if (through_rows && !source.table->has_rowid) RaiseNotSupported("UPDATE with joins of " + source.table->name, 0);
+  if (through_rows && !source.table->has_rowid)
+    RaiseNotSupported("UPDATE with joins of " + source.table->name, line_);
   std::string selected;
   const std::string sets = Assignments(statement, *source.table, scope, plan, through_rows, selected);
   std::string where;
   if (statement.where != nullptr) where = " WHERE " + Condition(*statement.where, scope);
   if (through_rows) {
-    plan.sql = fmt::format("UPDATE {} AS u SET {} FROM (SELECT {}.rowid AS rid{} FROM {}{}) AS r WHERE u.rowid=r.rid",
-                           source.table->sql, sets, source.sql_alias, selected, from, where);
+    plan.sql = fmt::format(
+        "UPDATE {} AS u SET {} FROM (SELECT {}.rowid AS rid{} FROM {}{}) AS r WHERE u.rowid=r.rid",
+        source.table->sql, sets, source.sql_alias, selected, from, where);
   } else {
     plan.sql = fmt::format("UPDATE {} AS {} SET {}{}", source.table->sql, source.sql_alias, sets, where);
   }
@@ -267,7 +291,7 @@ Plan Translator::TranslateDelete(const DeleteStatement& statement) {
   const std::string from = FromList(statement.from, scope);
   const int target = FindTarget(statement.target, scope);
   if (target < 0) {
-    if (!from.empty()) RaiseNotSupported("DELETE of a table that its FROM does not name", 0);
+    if (!from.empty()) RaiseNotSupported("DELETE of a table that its FROM does not name", line_);
     Source source;
     source.sql_alias = NewAlias();
     source.table = catalog_.Get(statement.target);
@@ -282,7 +306,7 @@ Plan Translator::TranslateDelete(const DeleteStatement& statement) {
   if (from.empty()) {
     plan.sql = fmt::format("DELETE FROM {} AS {}{}", source.table->sql, source.sql_alias, where);
   } else {
-    if (!source.table->has_rowid) RaiseNotSupported("DELETE with joins of " + source.table->name, 0);
+    if (!source.table->has_rowid) RaiseNotSupported("DELETE with joins of " + source.table->name, line_);
     plan.sql = fmt::format("DELETE FROM {} WHERE rowid IN (SELECT {}.rowid FROM {}{})", source.table->sql,
                            source.sql_alias, from, where);
   }

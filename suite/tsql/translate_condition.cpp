@@ -39,8 +39,8 @@ std::string Translator::Condition(const Expression& e, const Scope& scope) {
   switch (e.kind) {
     case ExpressionKind::kAnd:
     case ExpressionKind::kOr:
-      return fmt::format("({} {} {})", Condition(*e.args[0], scope), e.kind == ExpressionKind::kAnd ? "AND" : "OR",
-                         Condition(*e.args[1], scope));
+      return fmt::format("({} {} {})", Condition(*e.args[0], scope),
+                         e.kind == ExpressionKind::kAnd ? "AND" : "OR", Condition(*e.args[1], scope));
     case ExpressionKind::kNot:
       return fmt::format("(NOT {})", Condition(*e.args[0], scope));
     case ExpressionKind::kCompare:
@@ -56,7 +56,8 @@ std::string Translator::Condition(const Expression& e, const Scope& scope) {
     case ExpressionKind::kExists:
       return Exists(e, scope);
     default:
-      Raise(4145, "An expression of non-boolean type specified in a context where a condition is expected.", e.line);
+      Raise(4145, "An expression of non-boolean type specified in a context where a condition is expected.",
+            e.line);
   }
 }
 
@@ -67,12 +68,13 @@ std::string Translator::CompareExpressions(const Expression& e, const Scope& sco
   return Compare(e.text, Value(*e.args[0], scope), Value(*e.args[1], scope));
 }
 
-// The batches cut dates to their day before they compare them with a day. A plain range over the column says the same, and an
-// index can serve it.
+// The batches cut dates to their day before they compare them with a day. A plain range over the column says
+// the same, and an index can serve it.
 std::string Translator::FoldDayCompare(std::string_view op, const Expression& a, const Expression& b,
                                        const Scope& scope) {
   const Expression* inner = DayOf(a);
-  if (inner == nullptr || inner->kind != ExpressionKind::kColumn || b.kind != ExpressionKind::kText) return {};
+  if (inner == nullptr || inner->kind != ExpressionKind::kColumn || b.kind != ExpressionKind::kText)
+    return {};
   if (op == "<>" || op == "=") return {};
   const Sql column = Value(*inner, scope);
   if (!column.type.IsDate()) return {};
@@ -110,7 +112,8 @@ std::string Translator::In(const Expression& e, const Scope& scope) {
       inner.type = found;
       inner.text = "x";
       inner = Convert(std::move(inner), common, ConvertMode::kImplicit);
-      query.text = fmt::format("WITH {0}(x) AS ({1}) SELECT {2} FROM {0}", NewAlias(), query.text, inner.text);
+      query.text =
+          fmt::format("WITH {0}(x) AS ({1}) SELECT {2} FROM {0}", NewAlias(), query.text, inner.text);
     }
     return fmt::format("({} {} ({}))", Collated(left), word, query.text);
   }
@@ -144,7 +147,8 @@ std::string Translator::Like(const Expression& e, const Scope& scope) {
   const Sql pattern = Convert(Value(*e.args[1], scope), TextType(kMaxTextSize), ConvertMode::kImplicit);
   const char* negation = e.negated ? "NOT " : "";
   if (e.args.size() > 2) {
-    return fmt::format("({}ts_like({}, {}, {}))", negation, pattern.text, text.text, Value(*e.args[2], scope).text);
+    return fmt::format("({}ts_like({}, {}, {}))", negation, pattern.text, text.text,
+                       Value(*e.args[2], scope).text);
   }
   if (e.args[1]->kind == ExpressionKind::kText) {
     const std::string plain = PlainPattern(pattern.constant);

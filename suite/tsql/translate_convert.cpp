@@ -1,5 +1,5 @@
-// Conversions between types. What SQLite can do by itself stays in SQLite; a function of ours is called only where a value must be
-// checked, rounded or spelled as the server does.
+// Conversions between types. What SQLite can do by itself stays in SQLite; a function of ours is called only
+// where a value must be checked, rounded or spelled as the server does.
 #include <fmt/format.h>
 
 #include <cmath>
@@ -14,16 +14,22 @@
 namespace salerpt::tsql {
 namespace {
 
-bool IsNational(const ColumnType& type) { return type.kind == TypeKind::kNChar || type.kind == TypeKind::kNVarChar; }
-bool IsFixed(const ColumnType& type) { return type.kind == TypeKind::kChar || type.kind == TypeKind::kNChar; }
+bool IsNational(const ColumnType& type) {
+  return type.kind == TypeKind::kNChar || type.kind == TypeKind::kNVarChar;
+}
+bool IsFixed(const ColumnType& type) {
+  return type.kind == TypeKind::kChar || type.kind == TypeKind::kNChar;
+}
 
 // Texts that need no more than `size` places whatever the value is.
 bool TextFits(const Sql& value, int size) {
-  if (value.type.IsText()) return value.type.size <= size && !(value.type.size == size && size == kMaxTextSize);
+  if (value.type.IsText())
+    return value.type.size <= size && !(value.type.size == size && size == kMaxTextSize);
   return false;
 }
 
-// A text literal is read once, here. One that cannot be read stays a call: it fails when it is reached, and not before.
+// A text literal is read once, here. One that cannot be read stays a call: it fails when it is reached, and
+// not before.
 template <typename Read>
 bool ReadLiteral(const Sql& value, const Read& read, std::string& text) {
   if (!value.literal || !value.type.IsText()) return false;
@@ -60,6 +66,11 @@ std::string PlainDateText(const std::string& text, int style, int size) {
 }  // namespace
 
 Sql Translator::Convert(Sql value, const ColumnType& to, ConvertMode mode, int style) {
+  if (value.type.IsDate() && to.IsNumber()) {  // days since 1900
+    value.text = fmt::format("ts_datenumber({},{})", value.text, to.IsInteger() ? 1 : 0);
+    value.type = SimpleType(TypeKind::kFloat);
+    value.literal = false;
+  }
   if (value.type.kind == TypeKind::kNull) {
     value.type = to;
     value.literal = false;
@@ -100,8 +111,8 @@ Sql Translator::ToText(Sql value, const ColumnType& to, ConvertMode mode, int st
       result.constant = value.constant;
       result.literal = value.literal;
     } else {
-      result.text = fmt::format("{}({},{},{})", mode == ConvertMode::kStore ? "ts_fit" : "ts_cut", value.text, to.size,
-                                IsNational(to) ? 1 : 0);
+      result.text = fmt::format("{}({},{},{})", mode == ConvertMode::kStore ? "ts_fit" : "ts_cut", value.text,
+                                to.size, IsNational(to) ? 1 : 0);
       result.nocase = false;
     }
     return result;
@@ -134,7 +145,8 @@ Sql Translator::ToDate(Sql value, int style) {
   if (value.type.IsDate()) {
     result.text = value.text;
   } else if (!ReadLiteral(
-                 value, [&] { return QuoteLiteral(ParseDateTime(value.constant, style).Canonical()); }, result.text)) {
+                 value, [&] { return QuoteLiteral(ParseDateTime(value.constant, style).Canonical()); },
+                 result.text)) {
     result.literal = false;
     result.text = fmt::format("ts_date({},{})", value.text, style < 0 ? 0 : style);
   }
@@ -156,7 +168,8 @@ Sql Translator::ToInteger(Sql value, const ColumnType& to) {
   }
   if (value.literal && value.type.IsInteger() && to.kind != TypeKind::kBit) {
     const bool negative = value.text.starts_with("(-");
-    const std::optional<std::int64_t> number = ReadInteger(negative ? value.text.substr(2, value.text.size() - 3) : value.text);
+    const std::optional<std::int64_t> number =
+        ReadInteger(negative ? value.text.substr(2, value.text.size() - 3) : value.text);
     if (number && FitsInteger(negative ? -*number : *number, to.kind)) {
       result.text = value.text;
       return result;
@@ -174,7 +187,8 @@ Sql Translator::ToScaled(Sql value, const ColumnType& to) {
   Sql result = value;
   result.constant.clear();
   if (ReadLiteral(
-          value, [&] { return NumberLiteral(DecimalOfText(value.constant, to, value.type.Word())); }, result.text)) {
+          value, [&] { return NumberLiteral(DecimalOfText(value.constant, to, value.type.Word())); },
+          result.text)) {
     return result;
   }
   result.literal = false;
@@ -185,8 +199,10 @@ Sql Translator::ToScaled(Sql value, const ColumnType& to) {
     const bool fits = value.type.IsApproximate() || from.precision - from.scale <= to.precision - to.scale;
     if (!rounds && fits) return result;
   }
-  result.text = fmt::format("ts_dec({},{},{}{})", value.text, to.precision, to.scale,
-                            IsNational(value.type) ? ",'nvarchar'" : "");
+  const std::string_view word = IsNational(value.type)       ? ",'nvarchar'"
+                                : value.type.IsApproximate() ? ",'float'"
+                                                             : "";
+  result.text = fmt::format("ts_dec({},{},{}{})", value.text, to.precision, to.scale, word);
   result.exact = true;
   result.digits = value.type.IsNumber() && value.digits >= 0 && value.digits < to.scale ? value.digits : -1;
   result.nonzero = false;

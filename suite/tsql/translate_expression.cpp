@@ -13,8 +13,8 @@ namespace salerpt::tsql {
 namespace {
 
 int CharacterCount(std::string_view text) {
-  return static_cast<int>(
-      std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+  return static_cast<int>(std::count_if(
+      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
 // A text literal of the server's code page: a character beyond ASCII takes two bytes there.
@@ -95,8 +95,10 @@ Sql Translator::Literal(const Expression& e) const {
       const std::optional<std::int64_t> value = ReadInteger(e.text);
       const int digits = std::clamp(static_cast<int>(e.text.size()), 1, kMaxPrecision);
       if (e.text.size() > 38) {
-        Raise(1007, fmt::format("The number '{}' is out of the range for numeric representation (maximum precision 38).",
-                                e.text));
+        Raise(1007,
+              fmt::format(
+                  "The number '{}' is out of the range for numeric representation (maximum precision 38).",
+                  e.text));
       }
       const bool fits = value && FitsInteger(*value, TypeKind::kInt);
       result.type = fits ? IntegerType() : DecimalType(digits, 0);
@@ -110,8 +112,10 @@ Sql Translator::Literal(const Expression& e) const {
       const int scale = static_cast<int>(e.text.size() - point - 1);
       const int whole = static_cast<int>(point);
       if (scale + whole > kMaxPrecision) {
-        Raise(1007, fmt::format("The number '{}' is out of the range for numeric representation (maximum precision 38).",
-                                e.text));
+        Raise(1007,
+              fmt::format(
+                  "The number '{}' is out of the range for numeric representation (maximum precision 38).",
+                  e.text));
       }
       result.type = DecimalType(std::max(1, scale + whole), scale);
       if (scale == 0) result.text += "0";
@@ -128,7 +132,8 @@ Sql Translator::Literal(const Expression& e) const {
     case ExpressionKind::kText:
       result.constant = e.text;
       result.text = QuoteLiteral(e.text);
-      result.type = e.national ? TextType(CharacterCount(e.text), TypeKind::kNVarChar) : TextType(ByteCount(e.text));
+      result.type =
+          e.national ? TextType(CharacterCount(e.text), TypeKind::kNVarChar) : TextType(ByteCount(e.text));
       result.type.size = std::max(1, result.type.size);
       break;
     default:
@@ -149,7 +154,8 @@ Sql Translator::VariableValue(const Expression& e) const {
 
 Sql Translator::ColumnValue(const Expression& e, const Scope& scope) {
   const ResolvedColumn column = Resolve(e.name, scope);
-  if (column.scope->groups != nullptr && !column.scope->groups->suspended) return GroupColumn(column, e, scope);
+  if (column.scope->groups != nullptr && !column.scope->groups->suspended)
+    return GroupColumn(column, e, scope);
   Sql result;
   result.text = column.GetSource().ColumnSql(column.column);
   result.type = column.Info().type;
@@ -159,7 +165,8 @@ Sql Translator::ColumnValue(const Expression& e, const Scope& scope) {
 
 Sql Translator::Unary(const Expression& e, const Scope& scope) {
   Sql value = Value(*e.args[0], scope);
-  if (value.type.IsText() && value.literal) value = Convert(std::move(value), IntegerType(), ConvertMode::kImplicit);
+  if (value.type.IsText() && value.literal)
+    value = Convert(std::move(value), IntegerType(), ConvertMode::kImplicit);
   if (!value.type.IsNumber() && value.type.kind != TypeKind::kNull) {
     Raise(8117, fmt::format("Operand data type {} is invalid for {} operator.", value.type.Word(),
                             e.text == "~" ? "'~'" : "minus"));
@@ -247,11 +254,11 @@ Sql Translator::Divide(char op, Sql a, Sql b, const ColumnType& type) {
 
 Sql Translator::DateArithmetic(char op, Sql a, Sql b) {
   if (op != '+' && op != '-') {
-    Raise(402, fmt::format("The data types {} and {} are incompatible in the {} operator.", a.type.Word(), b.type.Word(),
-                           OperationWord(op)));
+    Raise(402, fmt::format("The data types {} and {} are incompatible in the {} operator.", a.type.Word(),
+                           b.type.Word(), OperationWord(op)));
   }
-  if (a.type.IsDate() && b.type.IsDate()) RaiseNotSupported("Arithmetic between two dates", 0);
-  if (a.type.IsText() || b.type.IsText()) RaiseNotSupported("Arithmetic between a date and a text", 0);
+  if (a.type.IsDate() && b.type.IsDate()) RaiseNotSupported("Arithmetic between two dates", line_);
+  if (a.type.IsText() || b.type.IsText()) RaiseNotSupported("Arithmetic between a date and a text", line_);
   if (!a.type.IsDate()) std::swap(a, b);
   Sql result;
   result.type = SimpleType(TypeKind::kDateTime);
@@ -268,7 +275,8 @@ bool Translator::NeverZero(const Expression& e, const Scope& scope) {
   if (zero.kind != ExpressionKind::kInteger || zero.text != "0") return false;
   if (e.args[1]->kind != ExpressionKind::kInteger || !Literal(*e.args[1]).nonzero) return false;
   const Expression* guarded = condition.args[0].get();
-  if (guarded->kind == ExpressionKind::kFunction && guarded->text == "isnull") guarded = guarded->args[0].get();
+  if (guarded->kind == ExpressionKind::kFunction && guarded->text == "isnull")
+    guarded = guarded->args[0].get();
   return SameExpression(*guarded, *e.args[2], scope);
 }
 
@@ -280,10 +288,14 @@ Sql Translator::Case(const Expression& e, const Scope& scope) {
   if (e.has_else) results.push_back(Value(*e.args.back(), scope));
   Sql result;
   for (const Sql& branch : results) result.type = CommonType(result.type, branch.type);
-  const auto is_null = [](const Sql& branch) { return branch.type.kind == TypeKind::kNull && branch.text == "NULL"; };
+  const auto is_null = [](const Sql& branch) {
+    return branch.type.kind == TypeKind::kNull && branch.text == "NULL";
+  };
   if (std::all_of(results.begin(), results.end(), is_null)) {
-    Raise(8133, "At least one of the result expressions in a CASE specification must be an expression other than the NULL "
-                "constant.");
+    Raise(8133,
+          "At least one of the result expressions in a CASE specification must be an expression other than "
+          "the NULL "
+          "constant.");
   }
   result.digits = 0;
   for (Sql& branch : results) {
@@ -295,8 +307,9 @@ Sql Translator::Case(const Expression& e, const Scope& scope) {
   result.text = "CASE";
   std::size_t branch = 0;
   for (std::size_t i = first; i < pairs_end; i += 2) {
-    const std::string condition = e.has_operand ? Compare("=", Value(*e.args[0], scope), Value(*e.args[i], scope))
-                                                : Condition(*e.args[i], scope);
+    const std::string condition = e.has_operand
+                                      ? Compare("=", Value(*e.args[0], scope), Value(*e.args[i], scope))
+                                      : Condition(*e.args[i], scope);
     result.text += fmt::format(" WHEN {} THEN {}", condition, results[branch++].text);
   }
   if (e.has_else) result.text += " ELSE " + results.back().text;
@@ -308,7 +321,8 @@ Sql Translator::ConvertValue(const Expression& e, const Scope& scope) {
   int style = -1;
   if (e.args.size() > 1) {
     const Expression& given = *e.args[1];
-    if (given.kind != ExpressionKind::kInteger) RaiseNotSupported("A CONVERT style that is no number", e.line);
+    if (given.kind != ExpressionKind::kInteger)
+      RaiseNotSupported("A CONVERT style that is no number", e.line);
     style = static_cast<int>(ReadInteger(given.text).value_or(0));
   }
   return Convert(Value(*e.args[0], scope), e.type, ConvertMode::kExplicit, style);

@@ -49,6 +49,24 @@ DatePart PartArgument(const Expression& call) {
   Raise(1023, fmt::format("Invalid parameter 1 specified for {}.", call.text));
 }
 
+// Bytes that the server keeps a number or date in.
+int StorageSize(const ColumnType& type) {
+  switch (type.kind) {
+    case TypeKind::kBit:
+    case TypeKind::kTinyInt:
+      return 1;
+    case TypeKind::kSmallInt:
+      return 2;
+    case TypeKind::kInt:
+    case TypeKind::kReal:
+      return 4;
+    case TypeKind::kDecimal:
+      return type.precision < 10 ? 5 : type.precision < 20 ? 9 : type.precision < 29 ? 13 : 17;
+    default:
+      return 8;
+  }
+}
+
 // {"tempdb", "", "#x"} of "tempdb..#x".
 NameParts SplitName(std::string_view text) {
   NameParts parts(1);
@@ -74,14 +92,16 @@ Sql Translator::Function(const Expression& e, const Scope& scope) {
   if (e.text == "row_number") {
     Raise(10753, "The function 'row_number' must have an OVER clause.", e.line);
   }
-  bool known = true;
-  Sql result = TextFunction(e, scope, known);
-  if (known) return result;
-  known = true;
-  result = NumberFunction(e, scope, known);
-  if (known) return result;
-  known = true;
-  return DateFunction(e, scope, known);
+  using Family = Sql (Translator::*)(const Expression&, const Scope&, bool&);
+  static constexpr Family kFamilies[] = {&Translator::SearchFunction, &Translator::MakingFunction,
+                                         &Translator::TextFunction, &Translator::NumberFunction,
+                                         &Translator::DateFunction};
+  for (const Family family : kFamilies) {
+    bool known = true;
+    Sql result = (this->*family)(e, scope, known);
+    if (known) return result;
+  }
+  RaiseNotSupported(UpperCase(e.text), e.line);
 }
 
 Sql Translator::Text(const Expression& e, const Scope& scope) {
@@ -101,29 +121,50 @@ Sql Translator::Date(const Expression& e, const Scope& scope) {
 Sql Translator::Number(const Expression& e, const Scope& scope) {
   Sql value = Value(e, scope);
   if (value.type.kind == TypeKind::kNull) value.type = IntegerType();
-  if (!value.type.IsNumber()) value = Convert(std::move(value), SimpleType(TypeKind::kFloat), ConvertMode::kImplicit);
+  if (!value.type.IsNumber())
+    value = Convert(std::move(value), SimpleType(TypeKind::kFloat), ConvertMode::kImplicit);
   return Exact(std::move(value));
 }
 
-Sql Translator::TextFunction(const Expression& e, const Scope& scope, bool& known) {
+// Functions that look into texts and give a number.
+Sql Translator::SearchFunction(const Expression& e, const Scope& scope, bool& known) {
   const std::string& name = e.text;
   if (name == "len") return MakeInt(fmt::format("length(rtrim({}))", Text(*e.args[0], scope).text));
   if (name == "charindex") {
-    std::string call = fmt::format("ts_charindex({},{}", Text(*e.args[0], scope).text, Text(*e.args[1], scope).text);
+    std::string call =
+        fmt::format("ts_charindex({},{}", Text(*e.args[0], scope).text, Text(*e.args[1], scope).text);
     if (e.args.size() > 2) call += fmt::format(",{}", Int(*e.args[2], scope).text);
     return MakeInt(call + ")");
   }
   if (name == "patindex") {
-    return MakeInt(fmt::format("ts_patindex({},{})", Text(*e.args[0], scope).text, Text(*e.args[1], scope).text));
+    return MakeInt(
+        fmt::format("ts_patindex({},{})", Text(*e.args[0], scope).text, Text(*e.args[1], scope).text));
   }
   if (name == "ascii" || name == "unicode") {
     return MakeInt(fmt::format("unicode({})", Text(*e.args[0], scope).text));
   }
+  if (name == "datalength") {
+    const Sql value = Value(*e.args[0], scope);
+    if (!value.type.IsText() && value.type.kind != TypeKind::kNull) {
+      return MakeInt(
+          fmt::format("CASE WHEN {} IS NOT NULL THEN {} END", value.text, StorageSize(value.type)));
+    }
+    const bool national = value.type.kind >= TypeKind::kNChar && value.type.IsText();
+    return MakeInt(fmt::format("ts_datalength({},{})", value.text, national ? 1 : 0));
+  }
+  known = false;
+  return {};
+}
+
+// Functions that make a text of a number.
+Sql Translator::MakingFunction(const Expression& e, const Scope& scope, bool& known) {
+  const std::string& name = e.text;
   if (name == "char") return MakeText(fmt::format("ts_char({},255)", Int(*e.args[0], scope).text), 1);
   if (name == "nchar") {
     return MakeText(fmt::format("ts_char({},65535)", Int(*e.args[0], scope).text), 1, TypeKind::kNVarChar);
   }
-  if (name == "space") return MakeText(fmt::format("ts_replicate(' ',{})", Int(*e.args[0], scope).text), kMaxTextSize);
+  if (name == "space")
+    return MakeText(fmt::format("ts_replicate(' ',{})", Int(*e.args[0], scope).text), kMaxTextSize);
   if (name == "str") {
     const int length = e.args.size() > 1 ? LiteralCount(*e.args[1]) : 10;
     const std::string width = e.args.size() > 1 ? Int(*e.args[1], scope).text : "10";
@@ -131,31 +172,24 @@ Sql Translator::TextFunction(const Expression& e, const Scope& scope, bool& know
     return MakeText(fmt::format("ts_str({},{},{})", Number(*e.args[0], scope).text, width, digits),
                     length < 1 ? kMaxTextSize : length);
   }
-  static constexpr std::string_view kOnText[] = {"substring", "left",  "right",     "ltrim", "rtrim",     "upper",
-                                                 "lower",     "stuff", "replicate", "reverse", "replace", "datalength"};
-  if (std::find(std::begin(kOnText), std::end(kOnText), name) == std::end(kOnText)) {
+  known = false;
+  return {};
+}
+
+// Functions from text to text.
+Sql Translator::TextFunction(const Expression& e, const Scope& scope, bool& known) {
+  static constexpr std::string_view kNames[] = {"substring", "left",    "right",  "ltrim",
+                                                "rtrim",     "upper",   "lower",  "stuff",
+                                                "replicate", "reverse", "replace"};
+  const std::string& name = e.text;
+  if (std::find(std::begin(kNames), std::end(kNames), name) == std::end(kNames)) {
     known = false;
     return {};
   }
   const Sql text = Text(*e.args[0], scope);
   const TypeKind kind = text.type.kind >= TypeKind::kNChar ? TypeKind::kNVarChar : TypeKind::kVarChar;
   const int size = text.type.size;
-  if (name == "datalength") {
-    return MakeInt(fmt::format("ts_datalength({},{})", text.text, kind == TypeKind::kNVarChar ? 1 : 0));
-  }
-  if (name == "substring") {
-    const int start = LiteralCount(*e.args[1]);
-    const int count = LiteralCount(*e.args[2]);
-    if (start > 0 && count >= 0) {
-      return MakeText(fmt::format("substr({},{},{})", text.text, start, count), std::min(size, count * 2), kind);
-    }
-    return MakeText(fmt::format("ts_substring({},{},{})", text.text, Int(*e.args[1], scope).text,
-                                Int(*e.args[2], scope).text),
-                    size, kind);
-  }
-  if (name == "left" || name == "right") {
-    return MakeText(fmt::format("ts_{}({},{})", name, text.text, Int(*e.args[1], scope).text), size, kind);
-  }
+  if (name == "substring" || name == "left" || name == "right") return PartFunction(e, text, scope);
   if (name == "stuff") {
     const Sql put = Text(*e.args[3], scope);
     return MakeText(fmt::format("ts_stuff({},{},{},{})", text.text, Int(*e.args[1], scope).text,
@@ -163,24 +197,46 @@ Sql Translator::TextFunction(const Expression& e, const Scope& scope, bool& know
                     size + put.type.size, kind);
   }
   if (name == "replicate") {
-    return MakeText(fmt::format("ts_replicate({},{})", text.text, Int(*e.args[1], scope).text), kMaxTextSize, kind);
+    return MakeText(fmt::format("ts_replicate({},{})", text.text, Int(*e.args[1], scope).text), kMaxTextSize,
+                    kind);
   }
   if (name == "replace") {
     // The result of a replacement by something shorter is no longer than the text.
     const Sql from = Text(*e.args[1], scope);
     const Sql to = Text(*e.args[2], scope);
     const bool shorter = from.literal && to.literal && to.constant.size() <= from.constant.size();
-    return MakeText(fmt::format("ts_replace({},{},{})", text.text, from.text, to.text), shorter ? size : kMaxTextSize,
-                    kind);
+    return MakeText(fmt::format("ts_replace({},{},{})", text.text, from.text, to.text),
+                    shorter ? size : kMaxTextSize, kind);
   }
-  const char* function = name == "reverse" ? "ts_reverse" : name.c_str();
-  return MakeText(fmt::format("{}({})", function, text.text), size, kind);
+  return MakeText(fmt::format("{}({})", name == "reverse" ? "ts_reverse" : name, text.text), size, kind);
+}
+
+// SUBSTRING, LEFT and RIGHT.
+Sql Translator::PartFunction(const Expression& e, const Sql& text, const Scope& scope) {
+  const TypeKind kind = text.type.kind >= TypeKind::kNChar ? TypeKind::kNVarChar : TypeKind::kVarChar;
+  const std::string first = Int(*e.args[1], scope).text;
+  if (e.text != "substring")
+    return MakeText(fmt::format("ts_{}({},{})", e.text, text.text, first), text.type.size, kind);
+  const ColumnType given = Value(*e.args[0], scope).type;
+  if (!given.IsText() && given.kind != TypeKind::kNull) {
+    Raise(8116, fmt::format("Argument data type {} is invalid for argument 1 of substring function.",
+                            given.Word()));
+  }
+  const int start = LiteralCount(*e.args[1]);
+  const int count = LiteralCount(*e.args[2]);
+  if (start > 0 && count >= 0) {
+    return MakeText(fmt::format("substr({},{},{})", text.text, start, count),
+                    std::min(text.type.size, count * 2), kind);
+  }
+  return MakeText(fmt::format("ts_substring({},{},{})", text.text, first, Int(*e.args[2], scope).text),
+                  text.type.size, kind);
 }
 
 Sql Translator::NumberFunction(const Expression& e, const Scope& scope, bool& known) {
   const std::string& name = e.text;
   if (name == "round") return Round(e, scope);
-  if (name == "isnumeric") return MakeInt(fmt::format("ts_isnumeric({})", Value(*e.args[0], scope).text));
+  if (name == "isnumeric")
+    return MakeInt(fmt::format("ifnull(ts_isnumeric({}),0)", Value(*e.args[0], scope).text));
   if (name == "isdate") return MakeInt(fmt::format("ts_isdate({})", Text(*e.args[0], scope).text));
   if (name == "scope_identity") {
     Sql result = MakeInt(fmt::format("?{}", Variables::kIdentity + 1));
@@ -199,14 +255,16 @@ Sql Translator::NumberFunction(const Expression& e, const Scope& scope, bool& kn
   value.literal = false;
   if (value.type.IsInteger()) value.type = IntegerType(value.type.kind);
   if (name == "abs") {
-    value.text = value.type.IsInteger() ? fmt::format("ts_int(abs({}),{})", value.text, static_cast<int>(value.type.kind))
-                                        : fmt::format("abs({})", value.text);
+    value.text = value.type.IsInteger()
+                     ? fmt::format("ts_int(abs({}),{})", value.text, static_cast<int>(value.type.kind))
+                     : fmt::format("abs({})", value.text);
     return value;
   }
   if (name == "power") {
     value.text = fmt::format("ts_power({},{})", value.text, Number(*e.args[1], scope).text);
     if (value.type.IsScaled()) value.text = fmt::format("ts_round({},{})", value.text, value.type.scale);
-    if (value.type.IsInteger()) value.text = fmt::format("ts_int({},{})", value.text, static_cast<int>(value.type.kind));
+    if (value.type.IsInteger())
+      value.text = fmt::format("ts_int({},{})", value.text, static_cast<int>(value.type.kind));
     return value;
   }
   if (value.type.IsInteger() && name != "sign") return value;
@@ -219,15 +277,17 @@ Sql Translator::NumberFunction(const Expression& e, const Scope& scope, bool& kn
 Sql Translator::Round(const Expression& e, const Scope& scope) {
   Sql value = Value(*e.args[0], scope);
   if (value.type.kind == TypeKind::kNull) value.type = IntegerType();
-  if (!value.type.IsNumber()) value = Convert(std::move(value), SimpleType(TypeKind::kFloat), ConvertMode::kImplicit);
+  if (!value.type.IsNumber())
+    value = Convert(std::move(value), SimpleType(TypeKind::kFloat), ConvertMode::kImplicit);
   value.nonzero = false;
   value.literal = false;
   const int digits = LiteralCount(*e.args[1]);
-  const bool cuts = e.args.size() > 2 && !(e.args[2]->kind == ExpressionKind::kInteger && e.args[2]->text == "0");
+  const bool cuts =
+      e.args.size() > 2 && !(e.args[2]->kind == ExpressionKind::kInteger && e.args[2]->text == "0");
   if (value.type.IsInteger()) {
     if (digits >= 0) return value;
-    value.text = fmt::format("ts_int(ts_round({},{},{}),{})", value.text, Int(*e.args[1], scope).text, cuts ? 1 : 0,
-                             static_cast<int>(value.type.kind));
+    value.text = fmt::format("ts_int(ts_round({},{},{}),{})", value.text, Int(*e.args[1], scope).text,
+                             cuts ? 1 : 0, static_cast<int>(value.type.kind));
     return value;
   }
   if (value.type.IsScaled() && value.exact && digits >= value.Digits()) return value;
@@ -253,7 +313,8 @@ Sql Translator::DateFunction(const Expression& e, const Scope& scope, bool& know
   }
   if (name == "dateadd") {
     const int part = static_cast<int>(PartArgument(e));
-    result.text = fmt::format("ts_dateadd({},{},{})", part, Int(*e.args[1], scope).text, Date(*e.args[2], scope).text);
+    result.text =
+        fmt::format("ts_dateadd({},{},{})", part, Int(*e.args[1], scope).text, Date(*e.args[2], scope).text);
     return result;
   }
   if (name == "datediff") {
@@ -267,10 +328,11 @@ Sql Translator::DateFunction(const Expression& e, const Scope& scope, bool& know
   }
   if (name == "datename") {
     const int part = static_cast<int>(PartArgument(e));
-    return MakeText(fmt::format("ts_datename({},{})", part, Date(*e.args[1], scope).text), 30, TypeKind::kNVarChar);
+    return MakeText(fmt::format("ts_datename({},{})", part, Date(*e.args[1], scope).text), 30,
+                    TypeKind::kNVarChar);
   }
   known = false;
-  RaiseNotSupported(UpperCase(name), e.line);
+  return {};
 }
 
 Sql Translator::IsNull(const Expression& e, const Scope& scope) {
@@ -291,6 +353,11 @@ Sql Translator::IsNull(const Expression& e, const Scope& scope) {
 }
 
 Sql Translator::Coalesce(const Expression& e, const Scope& scope) {
+  const auto is_null = [](const ExpressionPtr& argument) { return argument->kind == ExpressionKind::kNull; };
+  if (std::all_of(e.args.begin(), e.args.end(), is_null)) {
+    Raise(4127,
+          "At least one of the arguments to COALESCE must be an expression that is not the NULL constant.");
+  }
   std::vector<Sql> values;
   Sql result;
   for (const ExpressionPtr& argument : e.args) {
@@ -312,7 +379,8 @@ Sql Translator::NullIf(const Expression& e, const Scope& scope) {
   result.nocase = false;
   result.literal = false;
   result.nonzero = false;
-  result.text = fmt::format("CASE WHEN {} THEN NULL ELSE {} END", Compare("=", value, Value(*e.args[1], scope)), value.text);
+  result.text = fmt::format("CASE WHEN {} THEN NULL ELSE {} END",
+                            Compare("=", value, Value(*e.args[1], scope)), value.text);
   return result;
 }
 

@@ -5,6 +5,7 @@
 
 #include "suite/tsql/decimal.h"
 #include "suite/tsql/error.h"
+#include "suite/tsql/function_names.h"
 #include "suite/tsql/translator.h"
 
 namespace salerpt::tsql {
@@ -21,6 +22,12 @@ class Suspension {
  private:
   GroupContext& groups_;
 };
+
+bool HasAggregateOrQuery(const Expression& e) {
+  if (e.query != nullptr || (e.kind == ExpressionKind::kFunction && IsAggregateFunction(e.text))) return true;
+  return std::any_of(e.args.begin(), e.args.end(),
+                     [](const ExpressionPtr& arg) { return HasAggregateOrQuery(*arg); });
+}
 
 std::string GroupColumnSql(const GroupContext& groups, std::size_t index) {
   return fmt::format("{}.c{}", groups.alias, index);
@@ -48,6 +55,11 @@ AggregateKind SumKind(const ColumnType& argument) {
 void Translator::PrepareGroups(const QueryBlock& block, Scope& scope, GroupContext& groups) {
   groups.block = &block;
   for (const ExpressionPtr& key : block.group_by) {
+    if (HasAggregateOrQuery(*key)) {
+      Raise(144,
+            "Cannot use an aggregate or a subquery in an expression used for the group by list of a GROUP BY "
+            "clause.");
+    }
     Sql translated = Exact(Value(*key, scope));
     if (translated.literal) {
       Raise(164, "Each GROUP BY expression must contain at least one column that is not an outer reference.");
@@ -83,7 +95,8 @@ Sql Translator::GroupColumn(const ResolvedColumn& column, const Expression& e, c
     const Expression& key = *groups.block->group_by[i];
     if (key.kind != ExpressionKind::kColumn) continue;
     const ResolvedColumn other = Resolve(key.name, *column.scope);
-    if (other.source != column.source || other.column != column.column || other.scope != column.scope) continue;
+    if (other.source != column.source || other.column != column.column || other.scope != column.scope)
+      continue;
     Sql result = groups.keys[i];
     if (groups.rollup != nullptr) {
       result.text = GroupColumnSql(groups, i);
@@ -95,18 +108,22 @@ Sql Translator::GroupColumn(const ResolvedColumn& column, const Expression& e, c
   static_cast<void>(scope);
   const std::string name = column.GetSource().alias + "." + column.Info().name;
   if (groups.error == 8127) {
-    Raise(8127, fmt::format("Column \"{}\" is invalid in the ORDER BY clause because it is not contained in either an "
-                            "aggregate function or the GROUP BY clause.",
-                            name));
+    Raise(8127,
+          fmt::format(
+              "Column \"{}\" is invalid in the ORDER BY clause because it is not contained in either an "
+              "aggregate function or the GROUP BY clause.",
+              name));
   }
   if (groups.block->group_by.empty() && groups.error == 8120) {
-    Raise(8120, fmt::format("Column '{}' is invalid in the select list because it is not contained in either an "
-                            "aggregate function or the GROUP BY clause.",
-                            name));
+    Raise(8120,
+          fmt::format("Column '{}' is invalid in the select list because it is not contained in either an "
+                      "aggregate function or the GROUP BY clause.",
+                      name));
   }
-  Raise(groups.error, fmt::format("Column '{}' is invalid in the {} because it is not contained in either an aggregate "
-                                  "function or the GROUP BY clause.",
-                                  name, groups.clause));
+  Raise(groups.error,
+        fmt::format("Column '{}' is invalid in the {} because it is not contained in either an aggregate "
+                    "function or the GROUP BY clause.",
+                    name, groups.clause));
 }
 
 Sql Translator::GroupingFlag(const Expression& e, const Scope& scope) {
@@ -121,17 +138,21 @@ Sql Translator::GroupingFlag(const Expression& e, const Scope& scope) {
       return result;
     }
   }
-  Raise(8161, "Argument 1 of the GROUPING function does not match any of the expressions in the GROUP BY clause.");
+  Raise(8161,
+        "Argument 1 of the GROUPING function does not match any of the expressions in the GROUP BY clause.");
 }
 
 Sql Translator::Aggregate(const Expression& e, const Scope& scope) {
   if (scope.groups == nullptr) {
-    Raise(147, "An aggregate may not appear in the WHERE clause unless it is in a subquery contained in a HAVING clause "
-               "or a select list, and the column being aggregated is an outer reference.");
+    Raise(147,
+          "An aggregate may not appear in the WHERE clause unless it is in a subquery contained in a HAVING "
+          "clause "
+          "or a select list, and the column being aggregated is an outer reference.");
   }
   GroupContext& groups = *scope.groups;
-  if (groups.suspended) {
-    Raise(130, "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.");
+  if (groups.suspended || HasAggregateOrQuery(*e.args[0])) {
+    Raise(130,
+          "Cannot perform an aggregate function on an expression containing an aggregate or a subquery.");
   }
   const bool star = e.args[0]->kind == ExpressionKind::kStar;
   Sql argument;
@@ -143,7 +164,8 @@ Sql Translator::Aggregate(const Expression& e, const Scope& scope) {
   }
   const bool summing = e.text == "sum" || e.text == "avg";
   if (summing && (argument.type.IsText() || argument.type.IsDate() || argument.type.kind == TypeKind::kBit)) {
-    Raise(8117, fmt::format("Operand data type {} is invalid for {} operator.", argument.type.Word(), e.text));
+    Raise(8117,
+          fmt::format("Operand data type {} is invalid for {} operator.", argument.type.Word(), e.text));
   }
   if (e.text == "min" || e.text == "max") argument = Exact(std::move(argument));
   if (groups.rollup == nullptr) return PlainAggregate(e, argument);
@@ -179,7 +201,8 @@ Sql Translator::PlainAggregate(const Expression& e, const Sql& argument) const {
     result.text = fmt::format("{}({})", e.text, text);
   } else {
     result.type = SumType(argument.type);
-    result.text = e.text == "sum" ? fmt::format("sum({})", text) : fmt::format("(sum({0}) / count({0}))", text);
+    result.text =
+        e.text == "sum" ? fmt::format("sum({})", text) : fmt::format("(sum({0}) / count({0}))", text);
     result.text = fmt::format("ts_int({},{})", result.text, static_cast<int>(result.type.kind));
   }
   return result;
@@ -203,7 +226,7 @@ std::string Translator::AddAggregate(GroupContext& groups, AggregateKind kind, c
   }
   if (index == plan.aggregates.size()) plan.aggregates.push_back(spec);
   const std::size_t column = 2 * groups.keys.size() + index;
-  if (column >= kMaxGroupColumns) RaiseNotSupported("So many aggregates WITH ROLLUP", 0);
+  if (column >= kMaxGroupColumns) RaiseNotSupported("So many aggregates WITH ROLLUP", line_);
   return GroupColumnSql(groups, column);
 }
 
@@ -216,12 +239,14 @@ Sql Translator::RollupAggregate(const Expression& e, const Sql& argument, GroupC
   } else if (e.text == "min" || e.text == "max") {
     result.type = argument.type;
     result.digits = argument.digits;
-    result.text = AddAggregate(groups, e.text == "min" ? AggregateKind::kMin : AggregateKind::kMax, &argument);
+    result.text =
+        AddAggregate(groups, e.text == "min" ? AggregateKind::kMin : AggregateKind::kMax, &argument);
   } else {
     const std::string sum = AddAggregate(groups, SumKind(argument.type), &argument);
     result.type = e.text == "sum" ? SumType(argument.type) : AverageType(argument.type);
     result.text = sum;
-    if (argument.type.IsScaled() && e.text == "sum") result.digits = std::min(argument.Digits(), kMaxSumScale);
+    if (argument.type.IsScaled() && e.text == "sum")
+      result.digits = std::min(argument.Digits(), kMaxSumScale);
     if (result.type.IsInteger()) {
       result.text = fmt::format("ts_int({},{})", sum, static_cast<int>(result.type.kind));
     }
@@ -230,7 +255,8 @@ Sql Translator::RollupAggregate(const Expression& e, const Sql& argument, GroupC
       if (result.type.IsInteger()) {
         result.text = fmt::format("({} / {})", sum, count);
       } else {
-        result.text = fmt::format("ts_div({},{},{})", sum, count, result.type.IsScaled() ? result.type.scale : 99);
+        result.text =
+            fmt::format("ts_div({},{},{})", sum, count, result.type.IsScaled() ? result.type.scale : 99);
       }
     }
   }

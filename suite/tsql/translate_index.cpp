@@ -1,5 +1,5 @@
-// Indexes for correlated lookups. SQLite would scan a temporary table once for every outer row; an index over the columns that are
-// compared for equality turns that into a search. It never changes a result.
+// Indexes for correlated lookups. SQLite would scan a temporary table once for every outer row; an index over
+// the columns that are compared for equality turns that into a search. It never changes a result.
 #include <algorithm>
 
 #include "suite/tsql/translator.h"
@@ -16,7 +16,8 @@ void CollectConjuncts(const Expression& e, std::vector<const Expression*>& conju
   }
 }
 
-// What an expression looks at: this block, or a block around it. A subquery counts as outer unless it names one of our sources.
+// What an expression looks at: this block, or a block around it. A subquery counts as outer unless it names
+// one of our sources.
 struct Dependence {
   bool inner = false;
   bool outer = false;

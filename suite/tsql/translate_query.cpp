@@ -12,8 +12,10 @@ namespace salerpt::tsql {
 namespace {
 
 bool HasAggregate(const Expression& e) {
-  if (e.kind == ExpressionKind::kFunction && (IsAggregateFunction(e.text) || e.text == "grouping")) return true;
-  return std::any_of(e.args.begin(), e.args.end(), [](const ExpressionPtr& arg) { return HasAggregate(*arg); });
+  if (e.kind == ExpressionKind::kFunction && (IsAggregateFunction(e.text) || e.text == "grouping"))
+    return true;
+  return std::any_of(e.args.begin(), e.args.end(),
+                     [](const ExpressionPtr& arg) { return HasAggregate(*arg); });
 }
 
 bool IsGrouped(const QueryBlock& block, const std::vector<OrderItem>& order) {
@@ -21,7 +23,8 @@ bool IsGrouped(const QueryBlock& block, const std::vector<OrderItem>& order) {
   for (const SelectItem& item : block.items) {
     if (HasAggregate(*item.expression)) return true;
   }
-  return std::any_of(order.begin(), order.end(), [](const OrderItem& item) { return HasAggregate(*item.expression); });
+  return std::any_of(order.begin(), order.end(),
+                     [](const OrderItem& item) { return HasAggregate(*item.expression); });
 }
 
 std::string_view SetWord(SetOperator op) {
@@ -59,10 +62,13 @@ bool AtMostOneRow(const QueryBlock& block) {
 QuerySql Translator::TranslateQuery(const Query& query, const Scope* parent, QueryUse use, Plan* plan,
                                     const std::vector<ColumnType>* targets) {
   if (use != QueryUse::kTop && !query.order_by.empty() && query.blocks[0].top == nullptr) {
-    Raise(1033, "The ORDER BY clause is invalid in views, inline functions, derived tables, subqueries, and common table "
-                "expressions, unless TOP or FOR XML is also specified.");
+    Raise(1033,
+          "The ORDER BY clause is invalid in views, inline functions, derived tables, subqueries, and common "
+          "table "
+          "expressions, unless TOP or FOR XML is also specified.");
   }
-  if (query.blocks.size() == 1) return TranslateBlock(query.blocks[0], query.order_by, parent, use, plan, targets);
+  if (query.blocks.size() == 1)
+    return TranslateBlock(query.blocks[0], query.order_by, parent, use, plan, targets);
   QuerySql result = TranslateUnion(query, parent, targets);
   if (use == QueryUse::kSubquery) {
     result.text = fmt::format("WITH {0}(x) AS ({1}) SELECT ts_one(x) FROM {0}", NewAlias(), result.text);
@@ -70,14 +76,16 @@ QuerySql Translator::TranslateQuery(const Query& query, const Scope* parent, Que
   return result;
 }
 
-QuerySql Translator::TranslateUnion(const Query& query, const Scope* parent, const std::vector<ColumnType>* targets) {
+QuerySql Translator::TranslateUnion(const Query& query, const Scope* parent,
+                                    const std::vector<ColumnType>* targets) {
   std::vector<QuerySql> parts;
   static const std::vector<OrderItem> kNoOrder;
   for (const QueryBlock& block : query.blocks) {
     parts.push_back(TranslateBlock(block, kNoOrder, parent, QueryUse::kDerived, nullptr, nullptr));
     if (parts.back().columns.size() != parts[0].columns.size()) {
-      Raise(205, "All queries combined using a UNION, INTERSECT or EXCEPT operator must have an equal number of "
-                 "expressions in their target lists.");
+      Raise(205,
+            "All queries combined using a UNION, INTERSECT or EXCEPT operator must have an equal number of "
+            "expressions in their target lists.");
     }
   }
   QuerySql result;
@@ -103,8 +111,8 @@ QuerySql Translator::TranslateUnion(const Query& query, const Scope* parent, con
     }
     if (i > 0) result.text += SetWord(query.operators[i - 1]);
     const std::string alias = NewAlias();
-    result.text += fmt::format("SELECT {} FROM (WITH {}({}) AS ({}) SELECT * FROM {})", Joined(items, ", "), alias,
-                               Joined(names, ", "), parts[i].text, alias);
+    result.text += fmt::format("SELECT {} FROM (WITH {}({}) AS ({}) SELECT * FROM {})", Joined(items, ", "),
+                               alias, Joined(names, ", "), parts[i].text, alias);
   }
   for (std::size_t c = 0; c < result.columns.size(); ++c) {
     Sql item;
@@ -114,7 +122,8 @@ QuerySql Translator::TranslateUnion(const Query& query, const Scope* parent, con
   }
   if (!query.order_by.empty()) {
     const Scope empty;
-    result.text += " ORDER BY " + OrderList(query.order_by, query.blocks[0], result.items, result.columns, empty);
+    result.text +=
+        " ORDER BY " + OrderList(query.order_by, query.blocks[0], result.items, result.columns, empty);
   }
   const std::string alias = NewAlias();
   std::vector<std::string> names;
@@ -127,96 +136,118 @@ QuerySql Translator::TranslateUnion(const Query& query, const Scope* parent, con
     outputs.push_back(result.items[c].text);
     if (!result.columns[c].name.empty()) outputs.back() += " AS " + QuoteName(result.columns[c].name);
   }
-  result.text = fmt::format("SELECT {} FROM (WITH {}({}) AS ({}) SELECT * FROM {})", Joined(outputs, ", "), alias,
-                            Joined(names, ", "), result.text, alias);
+  result.text = fmt::format("SELECT {} FROM (WITH {}({}) AS ({}) SELECT * FROM {})", Joined(outputs, ", "),
+                            alias, Joined(names, ", "), result.text, alias);
   return result;
 }
 
-QuerySql Translator::TranslateBlock(const QueryBlock& block, const std::vector<OrderItem>& order, const Scope* parent,
-                                    QueryUse use, Plan* plan, const std::vector<ColumnType>* targets) {
+// A block on its way: what its clauses have become so far. It stays where it is, since the scope points into
+// it.
+struct Translator::BlockState {
   Scope scope;
-  scope.parent = parent;
-  std::string source = FromList(block.from, scope);
-  if (!source.empty()) source = " FROM " + source;
-  if (block.where != nullptr) source += " WHERE " + Condition(*block.where, scope);
-  if (parent != nullptr) RequestIndexes(block, scope);
-
-  const bool grouped = IsGrouped(block, order);
   GroupContext groups;
+  std::string source;  // FROM and WHERE
+  std::string having;
+  std::string tail;  // ORDER BY and LIMIT
+  QuerySql result;
+};
+
+QuerySql Translator::TranslateBlock(const QueryBlock& block, const std::vector<OrderItem>& order,
+                                    const Scope* parent, QueryUse use, Plan* plan,
+                                    const std::vector<ColumnType>* targets) {
+  BlockState state;
+  state.scope.parent = parent;
+  state.source = FromList(block.from, state.scope);
+  if (!state.source.empty()) state.source.insert(0, " FROM ");
+  if (block.where != nullptr) state.source += " WHERE " + Condition(*block.where, state.scope);
+  if (parent != nullptr) RequestIndexes(block, state.scope);
+  OpenGroups(block, order, plan, state);
+  TranslateClauses(block, order, state);
+  // The caller reports a count that does not match, in the words of its statement.
+  if (targets != nullptr && targets->size() != state.result.items.size()) return std::move(state.result);
+
+  const std::vector<std::string> outputs = Outputs(block, use, targets, state.result);
+  const bool single = use == QueryUse::kSubquery && outputs.size() == 1 && !AtMostOneRow(block);
+  if (!single) {
+    state.result.text = Assemble(block, outputs, state, plan);
+  } else if (state.scope.groups == nullptr && !block.distinct && block.top == nullptr) {
+    state.result.text = fmt::format("SELECT ts_one({}){}", outputs[0], state.source);
+  } else {
+    state.result.text =
+        fmt::format("SELECT ts_one(x) FROM ({})", Assemble(block, {outputs[0] + " AS x"}, state, plan));
+  }
+  return std::move(state.result);
+}
+
+void Translator::OpenGroups(const QueryBlock& block, const std::vector<OrderItem>& order, Plan* plan,
+                            BlockState& state) {
   if (block.grouping == Grouping::kRollup) {
     if (plan == nullptr) RaiseNotSupported("WITH ROLLUP in a subquery or UNION", block.line);
     if (block.distinct) RaiseNotSupported("DISTINCT WITH ROLLUP", block.line);
     plan->has_rollup = true;
-    groups.rollup = &plan->rollup;
+    state.groups.rollup = &plan->rollup;
   }
-  if (grouped) {
-    PrepareGroups(block, scope, groups);
-    scope.groups = &groups;
-  }
+  if (!IsGrouped(block, order)) return;
+  PrepareGroups(block, state.scope, state.groups);
+  state.scope.groups = &state.groups;
+}
 
-  QuerySql result;
-  result.items = SelectItems(block, scope, result.columns);
-  std::string having;
+void Translator::TranslateClauses(const QueryBlock& block, const std::vector<OrderItem>& order,
+                                  BlockState& state) {
+  QuerySql& result = state.result;
+  result.items = SelectItems(block, state.scope, result.columns);
   if (block.having != nullptr) {
-    groups.clause = "HAVING clause";
-    groups.error = 8121;
-    having = Condition(*block.having, scope);
+    state.groups.clause = "HAVING clause";
+    state.groups.error = 8121;
+    state.having = Condition(*block.having, state.scope);
   }
-  std::string tail;
   if (!order.empty()) {
-    groups.error = 8127;
-    tail = " ORDER BY " + OrderList(order, block, result.items, result.columns, scope);
+    state.groups.error = 8127;
+    state.tail = " ORDER BY " + OrderList(order, block, result.items, result.columns, state.scope);
   }
-  tail += Limit(block);
+  state.tail += Limit(block);
+}
 
-  // The caller reports a count that does not match, in the words of its statement.
-  if (targets != nullptr && targets->size() != result.items.size()) return result;
+// The select list as SQLite reads it, each item converted to its target where there is one.
+std::vector<std::string> Translator::Outputs(const QueryBlock& block, QueryUse use,
+                                             const std::vector<ColumnType>* targets, QuerySql& result) {
   std::vector<std::string> outputs;
   for (std::size_t i = 0; i < result.items.size(); ++i) {
     Sql& item = result.items[i];
-    item = targets != nullptr ? Convert(std::move(item), (*targets)[i], target_mode_) : Exact(std::move(item));
+    item =
+        targets != nullptr ? Convert(std::move(item), (*targets)[i], target_mode_) : Exact(std::move(item));
     outputs.push_back(block.distinct ? Collated(item) : item.text);
     if (use == QueryUse::kDerived && !result.columns[i].name.empty()) {
       outputs.back() += " AS " + QuoteName(result.columns[i].name);
     }
   }
-  if (use == QueryUse::kSubquery && outputs.size() == 1 && !AtMostOneRow(block)) {
-    const bool simple = !grouped && !block.distinct && block.top == nullptr;
-    if (simple) {
-      result.text = fmt::format("SELECT ts_one({}){}", outputs[0], source);
-      return result;
-    }
-    if (groups.rollup == nullptr) {
-      outputs[0] += " AS x";
-      use = QueryUse::kDerived;
-      result.text = "SELECT ts_one(x) FROM (";
-    }
-  }
-  const bool wrapped = !result.text.empty();
-  result.text += block.distinct ? "SELECT DISTINCT " : "SELECT ";
-  result.text += Joined(outputs, ", ");
+  return outputs;
+}
+
+std::string Translator::Assemble(const QueryBlock& block, const std::vector<std::string>& outputs,
+                                 const BlockState& state, Plan* plan) const {
+  std::string text = fmt::format("SELECT {}{}", block.distinct ? "DISTINCT " : "", fmt::join(outputs, ", "));
+  const GroupContext& groups = state.groups;
   if (groups.rollup != nullptr) {
     std::vector<std::string> base;
     for (const Sql& key : groups.keys) base.push_back(key.text);
     base.insert(base.end(), plan->rollup.arguments.begin(), plan->rollup.arguments.end());
-    plan->rollup.base_sql = "SELECT " + Joined(base, ", ") + source;
-    result.text += fmt::format(" FROM {} AS {}", kGroupsTable, groups.alias);
-    if (!having.empty()) result.text += " WHERE " + having;
-  } else {
-    result.text += source;
-    if (!groups.keys.empty()) {
-      std::vector<std::string> keys;
-      for (const Sql& key : groups.keys) keys.push_back(Collated(key));
-      result.text += " GROUP BY " + Joined(keys, ", ");
-    }
-    if (!having.empty()) result.text += " HAVING " + having;
+    plan->rollup.base_sql = fmt::format("SELECT {}{}", fmt::join(base, ", "), state.source);
+    text += fmt::format(" FROM {} AS {}", kGroupsTable, groups.alias);
+    if (!state.having.empty()) text += " WHERE " + state.having;
+    return text + state.tail;
   }
-  result.text += tail;
-  if (wrapped) result.text += ")";
-  return result;
+  text += state.source;
+  std::vector<std::string> keys;
+  for (const Sql& key : groups.keys) keys.push_back(Collated(key));
+  if (!keys.empty()) text += fmt::format(" GROUP BY {}", fmt::join(keys, ", "));
+  if (!state.having.empty()) text += " HAVING " + state.having;
+  return text + state.tail;
 }
 
-std::string Translator::NewAlias() { return fmt::format("s{}", ++alias_count_); }
+std::string Translator::NewAlias() {
+  return fmt::format("s{}", ++alias_count_);
+}
 
 std::string Translator::FromList(const std::vector<TableSourcePtr>& list, Scope& scope) {
   std::string text;
@@ -229,7 +260,8 @@ std::string Translator::FromList(const std::vector<TableSourcePtr>& list, Scope&
 
 std::string Translator::Join(const TableSource& source, Scope& scope) {
   if (source.left == nullptr) return TableOrDerived(source, scope);
-  static constexpr std::string_view kWords[] = {" JOIN ", " LEFT JOIN ", " RIGHT JOIN ", " FULL JOIN ", " CROSS JOIN "};
+  static constexpr std::string_view kWords[] = {" JOIN ", " LEFT JOIN ", " RIGHT JOIN ", " FULL JOIN ",
+                                                " CROSS JOIN "};
   std::string text = Join(*source.left, scope);
   text += kWords[static_cast<std::size_t>(source.join)];
   const bool nested = source.right->left != nullptr;
@@ -259,7 +291,8 @@ std::string Translator::TableOrDerived(const TableSource& source, Scope& scope) 
       Raise(8155, fmt::format("No column name was specified for column {} of '{}'.", i + 1, source.alias));
     }
     if (table->Find(column.name) >= 0) {
-      Raise(8156, fmt::format("The column '{}' was specified multiple times for '{}'.", column.name, source.alias));
+      Raise(8156,
+            fmt::format("The column '{}' was specified multiple times for '{}'.", column.name, source.alias));
     }
     names.push_back(QuoteName(column.name));
     table->columns.push_back(std::move(column));
@@ -270,22 +303,31 @@ std::string Translator::TableOrDerived(const TableSource& source, Scope& scope) 
   entry.derived = true;
   std::string text = fmt::format("({}) AS {}", query.text, entry.sql_alias);
   if (!source.column_aliases.empty()) {
-    text = fmt::format("(WITH d({}) AS ({}) SELECT * FROM d) AS {}", Joined(names, ", "), query.text, entry.sql_alias);
+    text = fmt::format("(WITH d({}) AS ({}) SELECT * FROM d) AS {}", Joined(names, ", "), query.text,
+                       entry.sql_alias);
   }
   AddSource(scope, std::move(entry));
   return text;
 }
 
 void Translator::AddSource(Scope& scope, Source source) const {
-  if (FindSource(source.alias, scope) >= 0) {
-    Raise(1013, fmt::format("The objects \"{0}\" and \"{0}\" in the FROM clause have the same exposed names. Use "
-                            "correlation names to distinguish them.",
-                            source.alias));
+  const int same = FindSource(source.alias, scope);
+  if (same >= 0) {
+    // A name that is not the table's own was given to two of them.
+    if (!EqualNames(source.alias, source.table->name) || source.derived) {
+      Raise(1011, fmt::format("The correlation name '{}' is specified multiple times in a FROM clause.",
+                              source.alias));
+    }
+    Raise(1013,
+          fmt::format("The objects \"{0}\" and \"{0}\" in the FROM clause have the same exposed names. Use "
+                      "correlation names to distinguish them.",
+                      source.alias));
   }
   scope.sources.push_back(std::move(source));
 }
 
-std::vector<Sql> Translator::SelectItems(const QueryBlock& block, Scope& scope, std::vector<Column>& columns) {
+std::vector<Sql> Translator::SelectItems(const QueryBlock& block, Scope& scope,
+                                         std::vector<Column>& columns) {
   std::vector<Sql> items;
   for (const SelectItem& item : block.items) {
     if (item.expression->kind == ExpressionKind::kStar) {
@@ -314,8 +356,9 @@ void Translator::ExpandStar(const Expression& star, const Scope& scope, std::vec
     }
   }
   if (!found) {
-    Raise(107, fmt::format("The column prefix '{}' does not match with a table name or alias name used in the query.",
-                           fmt::join(star.name, ".")));
+    Raise(107, fmt::format(
+                   "The column prefix '{}' does not match with a table name or alias name used in the query.",
+                   fmt::join(star.name, ".")));
   }
 }
 
@@ -330,9 +373,10 @@ std::string Translator::OrderList(const std::vector<OrderItem>& order, const Que
     if (e.kind == ExpressionKind::kInteger) {
       ordinal = static_cast<int>(ReadInteger(e.text).value_or(0)) - 1;
       if (ordinal < 0 || ordinal >= static_cast<int>(items.size())) {
-        Raise(108, fmt::format("The ORDER BY position number {} is out of range of the number of items in the select "
-                               "list.",
-                               e.text));
+        Raise(108, fmt::format(
+                       "The ORDER BY position number {} is out of range of the number of items in the select "
+                       "list.",
+                       e.text));
       }
     } else if (e.kind == ExpressionKind::kColumn && e.name.size() == 1) {
       // A name means the select list first. Only there a made-up name can stand.
@@ -349,8 +393,10 @@ std::string Translator::OrderList(const std::vector<OrderItem>& order, const Que
       if (target.type.IsText() && !target.nocase) text += " COLLATE NOCASE";
     } else {
       if (of_union) {
-        Raise(104, "ORDER BY items must appear in the select list if the statement contains a UNION, INTERSECT or EXCEPT "
-                   "operator.");
+        Raise(104,
+              "ORDER BY items must appear in the select list if the statement contains a UNION, INTERSECT or "
+              "EXCEPT "
+              "operator.");
       }
       text = Collated(Value(e, scope));
     }

@@ -17,12 +17,12 @@ namespace salerpt::tsql {
 struct Sql {
   std::string text;
   ColumnType type;
-  bool nocase = false;    // carries the collation of a text column by itself
-  bool exact = true;      // a decimal that is already the double nearest to its digits
-  int digits = -1;        // behind the point, where fewer than the type's scale are known to be used
-  bool nonzero = false;   // can never be 0
-  bool literal = false;   // a constant of the batch
-  std::string constant;   // of a text literal: its characters
+  bool nocase = false;   // carries the collation of a text column by itself
+  bool exact = true;     // a decimal that is already the double nearest to its digits
+  int digits = -1;       // behind the point, where fewer than the type's scale are known to be used
+  bool nonzero = false;  // can never be 0
+  bool literal = false;  // a constant of the batch
+  std::string constant;  // of a text literal: its characters
 
   [[nodiscard]] int Digits() const { return digits >= 0 ? digits : type.scale; }
 };
@@ -33,7 +33,7 @@ struct GroupContext {
   RollupPlan* rollup = nullptr;  // null: SQLite does the grouping
   std::string alias;             // of the table of groups
   std::vector<Sql> keys;
-  bool suspended = false;        // inside an aggregate: columns are those of the rows
+  bool suspended = false;  // inside an aggregate: columns are those of the rows
   std::string_view clause = "select list";
   int error = 8120;
 };
@@ -56,7 +56,9 @@ struct QuerySql {
 
 class Translator {
  public:
-  Translator(Catalog& catalog, const Variables& variables) : catalog_(catalog), variables_(variables) {}
+  // `line` is that of the statement, for messages.
+  Translator(Catalog& catalog, const Variables& variables, int line)
+      : catalog_(catalog), variables_(variables), line_(line) {}
 
   Plan TranslateSelect(const SelectStatement& statement);
   Plan TranslateInsert(const InsertStatement& statement);
@@ -70,7 +72,7 @@ class Translator {
   std::string TranslateDefault(const Expression& value, const ColumnType& type);
 
  private:
-  struct OrderedItems;
+  struct BlockState;
 
   // Expressions.
   Sql Value(const Expression& e, const Scope& scope);
@@ -94,7 +96,8 @@ class Translator {
   // Conditions.
   std::string Compare(std::string_view op, Sql a, Sql b);
   std::string CompareExpressions(const Expression& e, const Scope& scope);
-  std::string FoldDayCompare(std::string_view op, const Expression& a, const Expression& b, const Scope& scope);
+  std::string FoldDayCompare(std::string_view op, const Expression& a, const Expression& b,
+                             const Scope& scope);
   std::string In(const Expression& e, const Scope& scope);
   std::string Between(const Expression& e, const Scope& scope);
   std::string Like(const Expression& e, const Scope& scope);
@@ -102,7 +105,10 @@ class Translator {
 
   // Functions.
   Sql Function(const Expression& e, const Scope& scope);
+  Sql SearchFunction(const Expression& e, const Scope& scope, bool& known);
+  Sql MakingFunction(const Expression& e, const Scope& scope, bool& known);
   Sql TextFunction(const Expression& e, const Scope& scope, bool& known);
+  Sql PartFunction(const Expression& e, const Sql& text, const Scope& scope);
   Sql NumberFunction(const Expression& e, const Scope& scope, bool& known);
   Sql DateFunction(const Expression& e, const Scope& scope, bool& known);
   Sql Round(const Expression& e, const Scope& scope);
@@ -140,30 +146,41 @@ class Translator {
                           const std::vector<ColumnType>* targets);
   QuerySql TranslateBlock(const QueryBlock& block, const std::vector<OrderItem>& order, const Scope* parent,
                           QueryUse use, Plan* plan, const std::vector<ColumnType>* targets);
+  void OpenGroups(const QueryBlock& block, const std::vector<OrderItem>& order, Plan* plan,
+                  BlockState& state);
+  void TranslateClauses(const QueryBlock& block, const std::vector<OrderItem>& order, BlockState& state);
+  std::vector<std::string> Outputs(const QueryBlock& block, QueryUse use,
+                                   const std::vector<ColumnType>* targets, QuerySql& result);
+  std::string Assemble(const QueryBlock& block, const std::vector<std::string>& outputs,
+                       const BlockState& state, Plan* plan) const;
   QuerySql TranslateUnion(const Query& query, const Scope* parent, const std::vector<ColumnType>* targets);
   std::string FromList(const std::vector<TableSourcePtr>& list, Scope& scope);
   std::string Join(const TableSource& source, Scope& scope);
   std::string TableOrDerived(const TableSource& source, Scope& scope);
   void AddSource(Scope& scope, Source source) const;
   std::vector<Sql> SelectItems(const QueryBlock& block, Scope& scope, std::vector<Column>& columns);
-  void ExpandStar(const Expression& star, const Scope& scope, std::vector<Sql>& items, std::vector<Column>& columns);
-  std::string OrderList(const std::vector<OrderItem>& order, const QueryBlock& block, const std::vector<Sql>& items,
-                        const std::vector<Column>& columns, const Scope& scope);
+  void ExpandStar(const Expression& star, const Scope& scope, std::vector<Sql>& items,
+                  std::vector<Column>& columns);
+  std::string OrderList(const std::vector<OrderItem>& order, const QueryBlock& block,
+                        const std::vector<Sql>& items, const std::vector<Column>& columns,
+                        const Scope& scope);
   std::string Limit(const QueryBlock& block);
   void RequestIndexes(const QueryBlock& block, const Scope& scope);
 
   // Changes.
   Plan TranslateInto(const QueryBlock& block, const Query& query);
   std::vector<int> InsertColumns(const InsertStatement& statement, const TableInfo& table) const;
-  std::string ValuesSql(const InsertStatement& statement, const TableInfo& table, const std::vector<int>& columns);
+  std::string ValuesSql(const InsertStatement& statement, const TableInfo& table,
+                        const std::vector<int>& columns);
   int FindTarget(const NameParts& target, Scope& scope) const;
-  std::string Assignments(const UpdateStatement& statement, const TableInfo& table, const Scope& scope, Plan& plan,
-                          bool through_rows, std::string& selected);
+  std::string Assignments(const UpdateStatement& statement, const TableInfo& table, const Scope& scope,
+                          Plan& plan, bool through_rows, std::string& selected);
 
   std::string NewAlias();
 
   Catalog& catalog_;
   const Variables& variables_;
+  int line_;
   int alias_count_ = 0;
   // How the items of a query meet their targets: columns or variables.
   ConvertMode target_mode_ = ConvertMode::kStore;

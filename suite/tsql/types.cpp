@@ -38,7 +38,8 @@ constexpr std::array<KindEntry, 16> kKinds = {{
 }};
 
 const KindEntry& Entry(TypeKind kind) {
-  return *std::find_if(kKinds.begin(), kKinds.end(), [kind](const KindEntry& entry) { return entry.kind == kind; });
+  return *std::find_if(kKinds.begin(), kKinds.end(),
+                       [kind](const KindEntry& entry) { return entry.kind == kind; });
 }
 
 int IntegerDigits(const ColumnType& type) {
@@ -57,7 +58,8 @@ int IntegerDigits(const ColumnType& type) {
   }
 }
 
-// Cuts a decimal type that would need more than 38 digits; digits behind the point go first, but six of them stay.
+// Cuts a decimal type that would need more than 38 digits; digits behind the point go first, but six of them
+// stay.
 ColumnType Capped(int precision, int scale) {
   if (precision <= kMaxPrecision) return DecimalType(precision, scale);
   const int whole = precision - scale;
@@ -97,7 +99,8 @@ ColumnType CommonText(const ColumnType& a, const ColumnType& b) {
 }
 
 std::string_view NextWord(std::string_view& text) {
-  while (!text.empty() && !(std::isalnum(static_cast<unsigned char>(text.front())) != 0)) text.remove_prefix(1);
+  while (!text.empty() && !(std::isalnum(static_cast<unsigned char>(text.front())) != 0))
+    text.remove_prefix(1);
   std::size_t end = 0;
   while (end < text.size() && std::isalnum(static_cast<unsigned char>(text[end])) != 0) ++end;
   const std::string_view word = text.substr(0, end);
@@ -113,9 +116,13 @@ int NumberOf(std::string_view word, int absent) {
 
 }  // namespace
 
-int ColumnType::AdoType() const { return Entry(kind).ado; }
+int ColumnType::AdoType() const {
+  return Entry(kind).ado;
+}
 
-std::string_view ColumnType::Word() const { return Entry(kind).word; }
+std::string_view ColumnType::Word() const {
+  return Entry(kind).word;
+}
 
 std::string ColumnType::Name() const {
   if (kind == TypeKind::kDecimal) return fmt::format("decimal({},{})", precision, scale);
@@ -198,7 +205,8 @@ ColumnType ParseType(std::string_view declared) {
   }
   for (const KindEntry& entry : kKinds) {
     if (entry.kind == TypeKind::kNull) continue;
-    if (!EqualNames(word, entry.word) && !(!entry.spelling.empty() && EqualNames(word, entry.spelling))) continue;
+    if (!EqualNames(word, entry.word) && !(!entry.spelling.empty() && EqualNames(word, entry.spelling)))
+      continue;
     ColumnType type = SimpleType(entry.kind);
     const std::string_view first = NextWord(rest);
     const std::string_view second = NextWord(rest);

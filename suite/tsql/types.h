@@ -37,8 +37,9 @@ struct ColumnType {
   int scale = 0;      // digits behind the point; money has 4
   bool nullable = true;
 
-  // The type number of the automation record set: 2 smallint, 3 int, 4 real, 5 float, 6 money, 11 bit, 17 tinyint,
-  // 20 bigint, 129 char, 130 nchar, 131 decimal, 135 datetime, 200 varchar, 202 nvarchar. The untyped null is an int.
+  // The type number of the automation record set: 2 smallint, 3 int, 4 real, 5 float, 6 money, 11 bit, 17
+  // tinyint, 20 bigint, 129 char, 130 nchar, 131 decimal, 135 datetime, 200 varchar, 202 nvarchar. The
+  // untyped null is an int.
   [[nodiscard]] int AdoType() const;
   // As it is written in a definition, such as "decimal(18,2)".
   [[nodiscard]] std::string Name() const;
@@ -59,10 +60,11 @@ ColumnType DecimalType(int precision, int scale);
 ColumnType TextType(int size, TypeKind kind = TypeKind::kVarChar);
 ColumnType SimpleType(TypeKind kind);  // money, real, float, datetime, null
 
-// The type of a CASE, a COALESCE or a UNION column over two branches: the higher family, wide enough for both.
+// The type of a CASE, a COALESCE or a UNION column over two branches: the higher family, wide enough for
+// both.
 ColumnType CommonType(const ColumnType& a, const ColumnType& b);
-// The type of `a op b` for the operators + - * / %, both sides numbers. Decimal results that would need more than
-// 38 digits give up digits behind the point, down to six.
+// The type of `a op b` for the operators + - * / %, both sides numbers. Decimal results that would need more
+// than 38 digits give up digits behind the point, down to six.
 ColumnType ArithmeticType(char op, const ColumnType& a, const ColumnType& b);
 // An integer or text seen as a decimal: an int has 10 digits, a smallint 5, a bit 1.
 ColumnType AsDecimal(const ColumnType& type);

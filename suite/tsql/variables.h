@@ -20,7 +20,8 @@ struct Variable {
   Datum value;
 };
 
-// Variable i is parameter i + 1 of every translated statement. The first ones are the server's own: @@ROWCOUNT,
+// Variable i is parameter i + 1 of every translated statement. The first ones are the server's own:
+// @@ROWCOUNT,
 // @@IDENTITY and @@ERROR.
 class Variables {
  public:

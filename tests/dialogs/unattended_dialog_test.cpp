@@ -24,14 +24,20 @@ std::string Keys(const Dictionary& filter) {
   return keys;
 }
 
+// The kind of a value and the value.
+std::string Shown(const Variant& value) {
+  return std::string(KindName(value.GetKind())) + " " + value.TextOrEmpty();
+}
+
 class UnattendedDialogTest : public ::testing::Test {
  protected:
   UnattendedDialogTest() {
     runtime_.SetPlatform(std::make_shared<testing::FakePlatform>("/nowhere"));  // it is 2003-07-01, 8:30
     testing::LogIn(runtime_, "UserName=abc;UserID=16394;");
     profile_ = testing::RegisterFake(runtime_, "ORVEBSBase.SystemProfile");
-    profile_->On("GetProfile", [](Arguments arguments) -> Variant {
+    profile_->On("GetProfile", [this](Arguments arguments) -> Variant {
       const std::string key = arguments[1].ToText() + "/" + arguments[2].ToText();
+      if (key == "IC/UseShortNumber") return use_short_number_;
       if (key == "IC/CurrentYear") return "2003";
       if (key == "IC/CurrentPeriod") return "6";
       if (key == "GL/PeriodCount") return "12";
@@ -66,6 +72,7 @@ class UnattendedDialogTest : public ::testing::Test {
 
   Runtime runtime_;
   FakeRef profile_, reports_;
+  const char* use_short_number_ = "0";
 };
 
 // --- frmFilter147
@@ -94,7 +101,7 @@ TEST_F(UnattendedDialogTest, LeavesTheCodeRangesOfThePeriodDialogOpen) {
   const DictionaryRef filter = Confirmed(dialog);
   for (const char* key : {"BItemNumber", "EItemNumber", "BEmpNumber", "EEmpNumber", "BDptNumber",
                           "EDptNumber", "BCustNumber", "ECustNumber"}) {
-    EXPECT_EQ(filter->Get(key), Variant("")) << key;
+    EXPECT_EQ(Shown(filter->Get(key)), "text ") << key;
   }
   EXPECT_EQ(filter->Get("CheckState").ToInt32(), 0);
 }
@@ -110,29 +117,30 @@ TEST_F(UnattendedDialogTest, OpensThePeriodDialogThoughTheProfileCannotBeRead) {
 
 TEST_F(UnattendedDialogTest, WritesTheKeysOfTheOutboundDialogInOrder) {
   UnattendedDialog dialog = Open("frmFirter128");
-  EXPECT_EQ(Keys(*Confirmed(dialog)),
-            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber GroupBy OnlyShowSum BLevel ELevel "
-            "SumMode SumName SaleType SaleTypeName SumField FROB CheckState chkNextChoose CommodityType "
-            "Orderby");
+  EXPECT_EQ(
+      Keys(*Confirmed(dialog)),
+      "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber GroupBy OnlyShowSum BLevel ELevel "
+      "SumMode SumName SaleType SaleTypeName SumField FROB CheckState chkNextChoose CommodityType "
+      "Orderby");
 }
 
 TEST_F(UnattendedDialogTest, OpensTheOutboundDialogWithItsDefaults) {
   UnattendedDialog dialog = Open("frmFirter128");
   const DictionaryRef filter = Confirmed(dialog);
   EXPECT_EQ(filter->Get("OK"), Variant(true));
-  EXPECT_EQ(filter->Get("BDate"), Variant("2003-07-01"));
-  EXPECT_EQ(filter->Get("EDate"), Variant("2003-07-01"));
+  EXPECT_EQ(Shown(filter->Get("BDate")), "text 2003-07-01");
+  EXPECT_EQ(Shown(filter->Get("EDate")), "text 2003-07-01");
   for (const char* key : {"BItemNumber", "EItemNumber", "BCustNumber", "ECustNumber"}) {
-    EXPECT_EQ(filter->Get(key), Variant("")) << key;
+    EXPECT_EQ(Shown(filter->Get(key)), "text ") << key;
   }
   EXPECT_EQ(filter->Get("GroupBy").ToInt32(), 1);
   EXPECT_EQ(filter->Get("OnlyShowSum").ToInt32(), 1);
   EXPECT_EQ(filter->Get("BLevel").ToInt32(), 1);
   EXPECT_EQ(filter->Get("ELevel").ToInt32(), 5);
   EXPECT_EQ(filter->Get("SumMode").ToInt32(), 1);
-  EXPECT_EQ(filter->Get("SumName"), Variant("物料类别"));
+  EXPECT_EQ(Shown(filter->Get("SumName")), "text 物料类别");
   EXPECT_EQ(filter->Get("SaleType").ToInt32(), 1);
-  EXPECT_EQ(filter->Get("SaleTypeName"), Variant("全部"));
+  EXPECT_EQ(Shown(filter->Get("SaleTypeName")), "text 全部");
   EXPECT_EQ(filter->Get("FROB").ToInt32(), 0);
   EXPECT_EQ(filter->Get("CheckState").ToInt32(), 0);
   EXPECT_EQ(filter->Get("chkNextChoose").ToInt32(), 0);
@@ -142,8 +150,9 @@ TEST_F(UnattendedDialogTest, OpensTheOutboundDialogWithItsDefaults) {
 TEST_F(UnattendedDialogTest, WritesLevelsAsDoubles) {
   UnattendedDialog dialog = Open("frmFirter128");
   const DictionaryRef filter = Confirmed(dialog);
-  EXPECT_EQ(filter->Get("BLevel"), Variant(1.0));
-  EXPECT_EQ(filter->Get("ELevel"), Variant(5.0));
+  for (const char* level : {"BLevel", "ELevel"}) {
+    EXPECT_EQ(filter->Get(level).GetKind(), Variant::Kind::kDouble) << level;
+  }
 }
 
 // The row of "sum by" is selected while the dialog opens, and pulls the levels into those that there are.
@@ -161,10 +170,34 @@ TEST_F(UnattendedDialogTest, EndsAtTheFirstLevelWhereItemsHaveNone) {
   EXPECT_EQ(Confirmed(dialog)->Get("BLevel").ToInt32(), 1);
 }
 
+TEST_F(UnattendedDialogTest, EndsAtTheDeepestLevelOfTheTreeThatTheRowGroupsBy) {
+  reports_->On("GetItemMaxLevel", [](Arguments arguments) -> Variant {
+    return arguments[1].ToInt32() == 1 ? 2 : 3;  // customers, items
+  });
+  for (const auto& [code, level] : {std::pair{1, 3}, {2, 2}, {3, 3}, {4, 3}, {8, 2}, {12, 3}}) {
+    UnattendedDialog dialog = Open("frmFirter128");
+    dialog.Choose("SumMode", code);
+    EXPECT_EQ(Confirmed(dialog)->Get("ELevel").ToInt32(), level) << code;
+  }
+}
+
 // A plan without an order sorts by item code.
-TEST_F(UnattendedDialogTest, SortsByTheItemCodeInUse) {
+TEST_F(UnattendedDialogTest, SortsByTheLongCode) {
   UnattendedDialog dialog = Open("frmFirter128");
-  EXPECT_EQ(Confirmed(dialog)->Get("Orderby"), Variant("FNumber ASC"));
+  EXPECT_EQ(Shown(Confirmed(dialog)->Get("Orderby")), "text FNumber ASC");
+}
+
+TEST_F(UnattendedDialogTest, SortsByTheShortCodeWhereThatIsInUse) {
+  use_short_number_ = "1";
+  runtime_.gLongNumber = false;
+  UnattendedDialog dialog = Open("frmFirter128");
+  EXPECT_EQ(Shown(Confirmed(dialog)->Get("Orderby")), "text FShortNumber ASC");
+}
+
+TEST_F(UnattendedDialogTest, SortsByNothingWhereOnlyTotalsOfAnUngroupedListAreAsked) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  dialog.Choose("GroupBy", 0);
+  EXPECT_EQ(Shown(Confirmed(dialog)->Get("Orderby")), "text ");
 }
 
 // --- "Sum by"
@@ -197,29 +230,29 @@ TEST_F(UnattendedDialogTest, ListsTheRowsOfTheBoxInOrder) {
 TEST_F(UnattendedDialogTest, DescribesTheSaleStyle) {
   const DictionaryRef field = SumField(7);
   EXPECT_EQ(field->Get("FItemClassID").ToInt32(), 1);
-  EXPECT_EQ(field->Get("FName"), Variant("销售方式"));
+  EXPECT_EQ(Shown(field->Get("FName")), "text 销售方式");
   EXPECT_EQ(field->Get("FPropID").ToInt32(), 29);
-  EXPECT_EQ(field->Get("FSQLColumnName"), Variant("FSaleStyle"));
-  EXPECT_EQ(field->Get("FSrcTable"), Variant("t_SubMessage"));
-  EXPECT_EQ(field->Get("FSrcField"), Variant("FInterID"));
-  EXPECT_EQ(field->Get("FDisplayField"), Variant("FName"));
+  EXPECT_EQ(Shown(field->Get("FSQLColumnName")), "text FSaleStyle");
+  EXPECT_EQ(Shown(field->Get("FSrcTable")), "text t_SubMessage");
+  EXPECT_EQ(Shown(field->Get("FSrcField")), "text FInterID");
+  EXPECT_EQ(Shown(field->Get("FDisplayField")), "text FName");
 }
 
 // The keys that every description built by the dialog has, whatever row is selected.
 void ExpectPlainColumn(const Dictionary& field) {
   EXPECT_EQ(field.Get("FPropID").ToInt32(), 0);
   EXPECT_TRUE(field.Lookup("FPropID"));
-  EXPECT_EQ(field.Get("FSQLColumnName"), Variant("FName"));
-  EXPECT_EQ(field.Get("FSrcTable"), Variant(""));
-  EXPECT_EQ(field.Get("FSrcField"), Variant(""));
-  EXPECT_EQ(field.Get("FDisplayField"), Variant(""));
+  EXPECT_EQ(Shown(field.Get("FSQLColumnName")), "text FName");
+  EXPECT_EQ(Shown(field.Get("FSrcTable")), "text ");
+  EXPECT_EQ(Shown(field.Get("FSrcField")), "text ");
+  EXPECT_EQ(Shown(field.Get("FDisplayField")), "text ");
 }
 
 TEST_F(UnattendedDialogTest, DescribesCustomerAndEmployeeInTheCustomersClass) {
   for (const auto& [code, name] : {std::pair{5, "客户"}, std::pair{6, "业务员"}}) {
     const DictionaryRef field = SumField(code);
     EXPECT_EQ(field->Get("FItemClassID").ToInt32(), 1) << code;
-    EXPECT_EQ(field->Get("FName"), Variant(name));
+    EXPECT_EQ(field->Get("FName").ToText(), name);
     ExpectPlainColumn(*field);
   }
 }
@@ -228,7 +261,7 @@ TEST_F(UnattendedDialogTest, DescribesTheRowsWithEmployeeWithoutAClass) {
   for (const auto& [code, name] : {std::pair{10, "部门"}, std::pair{11, "客户"}}) {
     const DictionaryRef field = SumField(code);
     EXPECT_FALSE(field->Lookup("FItemClassID")) << code;
-    EXPECT_EQ(field->Get("FName"), Variant(name));
+    EXPECT_EQ(field->Get("FName").ToText(), name);
     ExpectPlainColumn(*field);
   }
 }
@@ -250,7 +283,7 @@ TEST_F(UnattendedDialogTest, ConfirmsWhatWasChosenInItsPlace) {
   dialog.Choose("edate", "2003-12-31");
   dialog.Choose("OnlyShowSum", 0);
   const DictionaryRef filter = Confirmed(dialog);
-  EXPECT_EQ(filter->Get("EDate"), Variant("2003-12-31"));
+  EXPECT_EQ(Shown(filter->Get("EDate")), "text 2003-12-31");
   EXPECT_EQ(filter->Get("OnlyShowSum").ToInt32(), 0);
   EXPECT_EQ(filter->Entries()[2].key, "EDate");
 }
@@ -262,7 +295,7 @@ TEST_F(UnattendedDialogTest, KeepsANameAndADescriptionThatWereChosen) {
   dialog.Choose("SumName", "自定义");
   dialog.Choose("SumField", field);
   const DictionaryRef filter = Confirmed(dialog);
-  EXPECT_EQ(filter->Get("SumName"), Variant("自定义"));
+  EXPECT_EQ(Shown(filter->Get("SumName")), "text 自定义");
   EXPECT_EQ(filter->Get("SumField").ToObject(), field);
 }
 
@@ -284,9 +317,9 @@ TEST_F(UnattendedDialogTest, KnowsItsKeysInAnyCase) {
 
 TEST_F(UnattendedDialogTest, TellsTheDefaultOfAKey) {
   const UnattendedDialog dialog = Open("frmFirter128");
-  EXPECT_EQ(dialog.Default("BDate"), Variant("2003-07-01"));
+  EXPECT_EQ(Shown(dialog.Default("BDate")), "text 2003-07-01");
   EXPECT_EQ(dialog.Default("SumMode").ToInt32(), 1);
-  EXPECT_EQ(NumberRaisedBy([&] { dialog.Default("BYear"); }), error_number::kInvalidCall);
+  EXPECT_EQ(NumberRaisedBy([&] { static_cast<void>(dialog.Default("BYear")); }), error_number::kInvalidCall);
 }
 
 // --- As reports use it
@@ -302,7 +335,8 @@ TEST_F(UnattendedDialogTest, IsMadeByItsClassName) {
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(dialog->Name(), name);
   }
-  EXPECT_EQ(NumberRaisedBy([this] { runtime_.MakeDialog("frmFilter128"); }), error_number::kObjectMaker);
+  EXPECT_EQ(NumberRaisedBy([this] { static_cast<void>(runtime_.MakeDialog("frmFilter128")); }),
+            error_number::kObjectMaker);
 }
 
 TEST_F(UnattendedDialogTest, ConfirmsForAPlanToo) {

@@ -19,9 +19,8 @@ class Rpt147FetchTest : public testing::Rpt147World {};
 TEST_F(Rpt147FetchTest, TellsOfEachPeriodWhatIsDone) {
   Give(2002, 12, OneSale());
   Fetch(Periods(2002, 12, 2003, 1));
-  EXPECT_EQ(toolkit_->messages,
-            (Lines{"正在连接中间层...", "正在从服务器读取2002年第12期数据...", "正在汇总2002年第12期数据...",
-                   "正在从服务器读取2003年第1期数据..."}));
+  EXPECT_EQ(toolkit_->messages, (Lines{"正在连接中间层...", "正在从服务器读取2002年第12期数据...",
+                                       "正在汇总2002年第12期数据...", "正在从服务器读取2003年第1期数据..."}));
 }
 
 TEST_F(Rpt147FetchTest, ShowsTheBarWhileRowsArePouredOnly) {
@@ -32,8 +31,8 @@ TEST_F(Rpt147FetchTest, ShowsTheBarWhileRowsArePouredOnly) {
   Fetch(Periods(2003, 7, 2003, 8));
   EXPECT_EQ(toolkit_->steps,
             (Lines{"正在连接中间层...", "hidden", "正在从服务器读取2003年第7期数据...", "server",
-                   "正在汇总2003年第7期数据...", "0 of 0..100", "0 of 0..3", "1 of 0..3", "2 of 0..3", "3 of 0..3",
-                   "hidden", "正在从服务器读取2003年第8期数据...", "server"}));
+                   "正在汇总2003年第7期数据...", "0 of 0..100", "0 of 0..3", "1 of 0..3", "2 of 0..3",
+                   "3 of 0..3", "hidden", "正在从服务器读取2003年第8期数据...", "server"}));
   EXPECT_TRUE(toolkit_->unloaded);
 }
 

@@ -20,8 +20,8 @@ TEST_F(Rpt147Test, AsksForEachPeriodWithTheLoginAndTheFilter) {
   Fetch(filter);
   ASSERT_EQ(data_->Calls().size(), 1u);
   EXPECT_EQ(data_->Calls()[0].member, "GetSaleData");
-  EXPECT_EQ(data_->Calls()[0].arguments,
-            (std::vector<Variant>{kProps, Variant(std::int16_t{2003}), Variant(std::int16_t{7}), filter, 0.0}));
+  EXPECT_EQ(data_->Calls()[0].arguments, (std::vector<Variant>{kProps, Variant(std::int16_t{2003}),
+                                                               Variant(std::int16_t{7}), filter, 0.0}));
 }
 
 TEST_F(Rpt147Test, WritesRightsAndCodeIntoTheFilterBeforeTheCall) {
@@ -124,10 +124,10 @@ TEST_F(Rpt147Test, PoursALineIntoARow) {
   Give(2003, 7, OneSale());
   Fetch(Periods(2003, 7, 2003, 7));
   EXPECT_EQ(Row(0),
-            (Lines{"short 2003", "short 7", "text 2003.7", "long 1001", "long 1", "date 2003-07-15",
-                   "text 记-12", "text 零售", "text XSFP0001", "long 80", "long 77", "text 01.02.0003",
-                   "text 0003", "text 台灯", "text TD-40", "text 只", "short 0", "short 2", "double 2",
-                   "double 12.5", "money 25", "long 0"}));
+            (Lines{"short 2003", "short 7",     "text 2003.7",   "long 1001", "long 1",  "date 2003-07-15",
+                   "text 记-12", "text 零售",   "text XSFP0001", "long 80",   "long 77", "text 01.02.0003",
+                   "text 0003",  "text 台灯",   "text TD-40",    "text 只",   "short 0", "short 2",
+                   "double 2",   "double 12.5", "money 25",      "long 0"}));
 }
 
 TEST_F(Rpt147Test, ClosesAPeriodWithItsTotal) {
@@ -139,10 +139,10 @@ TEST_F(Rpt147Test, ClosesAPeriodWithItsTotal) {
   Fetch(Periods(2003, 7, 2003, 7));
   ASSERT_EQ(Rs()->RecordCount(), 4);
   // 2 - 0.5 + 1 pieces for 25 - 6.25 + 0.0001.
-  EXPECT_EQ(Row(3), (Lines{"short 2003", "short 7", "text 2003.7", "long 0", "long 0", "null", "text ",
-                           "text 本期合计:", "text ", "long 0", "long 0", "text ", "text ", "text ", "text ",
-                           "text ", "short 4", "short 6", "double 2.5", "double 7.50004", "money 18.7501",
-                           "long 101"}));
+  EXPECT_EQ(Row(3), (Lines{"short 2003", "short 7",        "text 2003.7",   "long 0",  "long 0",  "null",
+                           "text ",      "text 本期合计:", "text ",         "long 0",  "long 0",  "text ",
+                           "text ",      "text ",          "text ",         "text ",   "short 4", "short 6",
+                           "double 2.5", "double 7.50004", "money 18.7501", "long 101"}));
 }
 
 TEST_F(Rpt147Test, GivesATotalPriceOfZeroWhereNothingWasSold) {
@@ -161,8 +161,8 @@ TEST_F(Rpt147Test, GivesATotalPriceOfZeroWhereReturnsMakeUpForSales) {
   AddSale(*rows, {{"FQty", -3.0}, {"FAmount", Currency::FromDouble(-20)}});
   Give(2003, 7, rows);
   Fetch(Periods(2003, 7, 2003, 7));
-  EXPECT_EQ(Column("FPrice").back(), "double 0");
-  EXPECT_EQ(Column("FAmount").back(), "money 10");
+  EXPECT_EQ(Last("FPrice"), "double 0");
+  EXPECT_EQ(Last("FAmount"), "money 10");
 }
 
 TEST_F(Rpt147Test, TotalsEachPeriodByItself) {
@@ -187,13 +187,13 @@ TEST_F(Rpt147Test, AddsAmountsToTheLastTenThousandth) {
   for (int i = 0; i < 1000; ++i) AddSale(*rows, {{"FAmount", Currency::FromScaled(1001)}});
   Give(2003, 7, rows);
   Fetch(Periods(2003, 7, 2003, 7));
-  EXPECT_EQ(Column("FAmount").back(), "money 100.1");
+  EXPECT_EQ(Last("FAmount"), "money 100.1");
 }
 
 TEST_F(Rpt147Test, KeepsTheDayOfADateWithoutItsTime) {
   Give(2003, 7, OneSale({{"FDate", Date::FromYmd(2003, 7, 15, 16, 45)}}));
   Fetch(Periods(2003, 7, 2003, 7));
-  EXPECT_EQ(Column("FDate").front(), "date 2003-07-15");
+  EXPECT_EQ(First("FDate"), "date 2003-07-15");
 }
 
 TEST_F(Rpt147Test, LeavesTheDateNullOnALineOfTheFirstOfJanuary1900) {
@@ -203,30 +203,31 @@ TEST_F(Rpt147Test, LeavesTheDateNullOnALineOfTheFirstOfJanuary1900) {
 }
 
 TEST_F(Rpt147Test, ReadsNullTextsAsEmptyAndNullIdsAsZero) {
-  Give(2003, 7, OneSale({{"FVoucherNo", Null()},
-                         {"FNote", Null()},
-                         {"FBillNo", Null()},
-                         {"FNumber", Null()},
-                         {"FModel", Null()},
-                         {"FInterID", Null()},
-                         {"FEntryID", Null()},
-                         {"FTranType", Null()},
-                         {"FItemID", Null()}}));
+  Give(2003, 7,
+       OneSale({{"FVoucherNo", Null()},
+                {"FNote", Null()},
+                {"FBillNo", Null()},
+                {"FNumber", Null()},
+                {"FModel", Null()},
+                {"FInterID", Null()},
+                {"FEntryID", Null()},
+                {"FTranType", Null()},
+                {"FItemID", Null()}}));
   Fetch(Periods(2003, 7, 2003, 7));
-  EXPECT_EQ(Row(0), (Lines{"short 2003", "short 7", "text 2003.7", "long 0", "long 0", "date 2003-07-15",
-                           "text ", "text ", "text ", "long 0", "long 0", "text ", "text 0003", "text 台灯",
-                           "text ", "text 只", "short 0", "short 2", "double 2", "double 12.5", "money 25",
-                           "long 0"}));
+  EXPECT_EQ(Row(0),
+            (Lines{"short 2003", "short 7",     "text 2003.7", "long 0",  "long 0",  "date 2003-07-15",
+                   "text ",      "text ",       "text ",       "long 0",  "long 0",  "text ",
+                   "text 0003",  "text 台灯",   "text ",       "text 只", "short 0", "short 2",
+                   "double 2",   "double 12.5", "money 25",    "long 0"}));
 }
 
 TEST_F(Rpt147Test, TurnsIdsThatComeAsTextsIntoNumbersAndVoucherNumbersIntoTexts) {
-  const RecordsetRef rows =
-      Sales({{"FInterID", FieldType::kVarChar}, {"FVoucherNo", FieldType::kInteger}});
+  const RecordsetRef rows = Sales({{"FInterID", FieldType::kVarChar}, {"FVoucherNo", FieldType::kInteger}});
   AddSale(*rows, {{"FInterID", "1002"}, {"FVoucherNo", 12}});
   Give(2003, 7, rows);
   Fetch(Periods(2003, 7, 2003, 7));
-  EXPECT_EQ(Column("FInterID").front(), "long 1002");
-  EXPECT_EQ(Column("FVoucherNo").front(), "text 12");
+  EXPECT_EQ(First("FInterID"), "long 1002");
+  EXPECT_EQ(First("FVoucherNo"), "text 12");
 }
 
 TEST_F(Rpt147Test, TakesTheServersDecimalsAndDates) {
@@ -237,10 +238,10 @@ TEST_F(Rpt147Test, TakesTheServersDecimalsAndDates) {
   AddSale(*rows);
   Give(2003, 7, rows);
   Fetch(Periods(2003, 7, 2003, 7));
-  EXPECT_EQ(Column("FQty").front(), "double 2");
-  EXPECT_EQ(Column("FPrice").front(), "double 12.5");
+  EXPECT_EQ(First("FQty"), "double 2");
+  EXPECT_EQ(First("FPrice"), "double 12.5");
   EXPECT_EQ(Column("FAmount"), (Lines{"money 25", "money 25"}));
-  EXPECT_EQ(Column("FDate").front(), "date 2003-07-15");
+  EXPECT_EQ(First("FDate"), "date 2003-07-15");
 }
 
 TEST_F(Rpt147Test, CanBeFilteredForItsTotals) {
@@ -259,12 +260,28 @@ TEST_F(Rpt147Test, HasItsFieldsInOrderWithTypeAndSize) {
     fields.push_back(field.name + " " + std::to_string(static_cast<int>(field.type)) + " " +
                      std::to_string(field.size));
   }
-  EXPECT_EQ(fields, (Lines{"FYear 2 0",        "FPeriod 2 0",      "FPeriodName 200 30", "FInterID 3 0",
-                           "FEntryID 3 0",     "FDate 7 0",        "FVoucherNo 200 50",  "FNote 200 355",
-                           "FBillNo 200 50",   "FTranType 3 0",    "FItemID 3 0",        "FNumber 200 255",
-                           "FShortNumber 200 255", "FName 200 255", "FModel 200 255",    "FUnitName 200 255",
-                           "FQtyDecimal 2 0",  "FPriceDecimal 2 0", "FQty 5 0",          "FPrice 5 0",
-                           "FAmount 6 0",      "FSumSort 3 0"}));
+  EXPECT_EQ(fields, (Lines{"FYear 2 0",
+                           "FPeriod 2 0",
+                           "FPeriodName 200 30",
+                           "FInterID 3 0",
+                           "FEntryID 3 0",
+                           "FDate 7 0",
+                           "FVoucherNo 200 50",
+                           "FNote 200 355",
+                           "FBillNo 200 50",
+                           "FTranType 3 0",
+                           "FItemID 3 0",
+                           "FNumber 200 255",
+                           "FShortNumber 200 255",
+                           "FName 200 255",
+                           "FModel 200 255",
+                           "FUnitName 200 255",
+                           "FQtyDecimal 2 0",
+                           "FPriceDecimal 2 0",
+                           "FQty 5 0",
+                           "FPrice 5 0",
+                           "FAmount 6 0",
+                           "FSumSort 3 0"}));
 }
 
 // --- Columns and title
@@ -284,10 +301,10 @@ class Rpt147HeaderTest : public testing::Rpt147World {
     return columns;
   }
   static Lines Expected(const std::string& code_field) {
-    return {"会计期间$||1|FPeriodName|1|5", "日期$||1|FDate|1|5",         "凭证字号$||1|FVoucherNo|1|5",
-            "摘要$||1|FNote|1|5",           "发票号码$||1|FBillNo|1|5",   "产品代码$||1|" + code_field + "|1|5",
-            "产品名称$||1|FName|1|5",       "规格型号$||1|FModel|1|5",    "计量单位$||1|FUnitName|1|5",
-            "销售数量$||2|FQty|1|5",        "销售单价$||4|FPrice|1|5",    "销售收入$||6|FAmount|1|5"};
+    return {"会计期间$||1|FPeriodName|1|5", "日期$||1|FDate|1|5",       "凭证字号$||1|FVoucherNo|1|5",
+            "摘要$||1|FNote|1|5",           "发票号码$||1|FBillNo|1|5", "产品代码$||1|" + code_field + "|1|5",
+            "产品名称$||1|FName|1|5",       "规格型号$||1|FModel|1|5",  "计量单位$||1|FUnitName|1|5",
+            "销售数量$||2|FQty|1|5",        "销售单价$||4|FPrice|1|5",  "销售收入$||6|FAmount|1|5"};
   }
 };
 

@@ -47,10 +47,10 @@ class PeriodToolkit : public FakeToolkit {
 
  private:
   void WriteBar(const ProgressForm& form) {
-    const std::string bar =
-        form.IsBarVisible() ? std::to_string(form.Value()) + " of " + std::to_string(form.Min()) + ".." +
-                                  std::to_string(form.Max())
-                            : "hidden";
+    const std::string bar = form.IsBarVisible()
+                                ? std::to_string(form.Value()) + " of " + std::to_string(form.Min()) + ".." +
+                                      std::to_string(form.Max())
+                                : "hidden";
     if (bar != last_bar_) steps.push_back(bar);
     last_bar_ = bar;
   }
@@ -117,15 +117,24 @@ class Rpt147World : public ::testing::Test {
 
   // --- Rows of the middle tier
   static constexpr SourceField kSourceFields[] = {
-      {"FQty", FieldType::kDouble},        {"FAmount", FieldType::kCurrency},
-      {"FInterID", FieldType::kInteger},   {"FEntryID", FieldType::kInteger},
-      {"FDate", FieldType::kDate},         {"FVoucherNo", FieldType::kVarChar},
-      {"FNote", FieldType::kVarChar},      {"FBillNo", FieldType::kVarChar},
-      {"FTranType", FieldType::kInteger},  {"FItemID", FieldType::kInteger},
-      {"FNumber", FieldType::kVarChar},    {"FShortNumber", FieldType::kVarChar},
-      {"FName", FieldType::kVarChar},      {"FModel", FieldType::kVarChar},
-      {"FUnitName", FieldType::kVarChar},  {"FQtyDecimal", FieldType::kSmallInt},
-      {"FPriceDecimal", FieldType::kSmallInt}, {"FPrice", FieldType::kDouble},
+      {"FQty", FieldType::kDouble},
+      {"FAmount", FieldType::kCurrency},
+      {"FInterID", FieldType::kInteger},
+      {"FEntryID", FieldType::kInteger},
+      {"FDate", FieldType::kDate},
+      {"FVoucherNo", FieldType::kVarChar},
+      {"FNote", FieldType::kVarChar},
+      {"FBillNo", FieldType::kVarChar},
+      {"FTranType", FieldType::kInteger},
+      {"FItemID", FieldType::kInteger},
+      {"FNumber", FieldType::kVarChar},
+      {"FShortNumber", FieldType::kVarChar},
+      {"FName", FieldType::kVarChar},
+      {"FModel", FieldType::kVarChar},
+      {"FUnitName", FieldType::kVarChar},
+      {"FQtyDecimal", FieldType::kSmallInt},
+      {"FPriceDecimal", FieldType::kSmallInt},
+      {"FPrice", FieldType::kDouble},
   };
   // A set with the fields of the middle tier, some of another type, without one if so asked.
   static RecordsetRef Sales(const std::vector<SourceField>& other_types = {}, std::string_view without = "") {
@@ -142,29 +151,29 @@ class Rpt147World : public ::testing::Test {
   }
   // An invoice line of 2003-07-15: 2 pieces for 25, and `more` over it.
   static void AddSale(Recordset& rows, Entries more = {}) {
-    const Dictionary line{{"FQty", 2.0},
-                          {"FAmount", Currency::FromDouble(25)},
-                          {"FInterID", 1001},
-                          {"FEntryID", 1},
-                          {"FDate", Date::FromYmd(2003, 7, 15)},
-                          {"FVoucherNo", "记-12"},
-                          {"FNote", "零售"},
-                          {"FBillNo", "XSFP0001"},
-                          {"FTranType", 80},
-                          {"FItemID", 77},
-                          {"FNumber", "01.02.0003"},
-                          {"FShortNumber", "0003"},
-                          {"FName", "台灯"},
-                          {"FModel", "TD-40"},
-                          {"FUnitName", "只"},
-                          {"FQtyDecimal", std::int16_t{0}},
-                          {"FPriceDecimal", std::int16_t{2}},
-                          {"FPrice", 12.5}};
+    Dictionary line{{"FQty", 2.0},
+                    {"FAmount", Currency::FromDouble(25)},
+                    {"FInterID", 1001},
+                    {"FEntryID", 1},
+                    {"FDate", Date::FromYmd(2003, 7, 15)},
+                    {"FVoucherNo", "记-12"},
+                    {"FNote", "零售"},
+                    {"FBillNo", "XSFP0001"},
+                    {"FTranType", 80},
+                    {"FItemID", 77},
+                    {"FNumber", "01.02.0003"},
+                    {"FShortNumber", "0003"},
+                    {"FName", "台灯"},
+                    {"FModel", "TD-40"},
+                    {"FUnitName", "只"},
+                    {"FQtyDecimal", std::int16_t{0}},
+                    {"FPriceDecimal", std::int16_t{2}},
+                    {"FPrice", 12.5}};
+    for (const Dictionary::Entry& entry : more) line.Set(entry.key, entry.value);
     rows.AddNew();
     for (const Dictionary::Entry& entry : line.Entries()) {
       if (rows.FindField(entry.key) >= 0) rows.SetValue(entry.key, entry.value);
     }
-    for (const Dictionary::Entry& entry : more) rows.SetValue(entry.key, entry.value);
     rows.Update();
     rows.MoveFirst();
   }
@@ -179,11 +188,10 @@ class Rpt147World : public ::testing::Test {
   // --- Running
   static DictionaryRef Periods(int begin_year, int begin_period, int end_year, int end_period,
                                Entries more = {}) {
-    auto filter = std::make_shared<Dictionary>(
-        Entries{{"BYear", static_cast<std::int16_t>(begin_year)},
-                {"BPeriod", static_cast<std::int16_t>(begin_period)},
-                {"EYear", static_cast<std::int16_t>(end_year)},
-                {"EPeriod", static_cast<std::int16_t>(end_period)}});
+    auto filter = std::make_shared<Dictionary>(Entries{{"BYear", static_cast<std::int16_t>(begin_year)},
+                                                       {"BPeriod", static_cast<std::int16_t>(begin_period)},
+                                                       {"EYear", static_cast<std::int16_t>(end_year)},
+                                                       {"EPeriod", static_cast<std::int16_t>(end_period)}});
     for (const Dictionary::Entry& entry : more) filter->Set(entry.key, entry.value);
     return filter;
   }
@@ -224,6 +232,15 @@ class Rpt147World : public ::testing::Test {
     if (!rows) return values;
     for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) values.push_back(Shown(rows->Value(field)));
     return values;
+  }
+  // The same on the first row, and on the last.
+  std::string First(std::string_view field) {
+    const Lines values = Column(field);
+    return values.empty() ? "no rows" : values.front();
+  }
+  std::string Last(std::string_view field) {
+    const Lines values = Column(field);
+    return values.empty() ? "no rows" : values.back();
   }
   // What a failed fetch leaves: no rows, no progress dialog, the reason.
   void ExpectFailed() {

@@ -25,17 +25,17 @@ constexpr bool kYes = true;
 constexpr bool kNo = false;
 
 constexpr Expected kExpected[] = {
-    {"Rpt126", "销售收入统计表", "166", 3, 0, "SysRptLog0019", "销售收入统计表查询", "frmFirter126", kYes, kYes,
-     ""},
+    {"Rpt126", "销售收入统计表", "166", 3, 0, "SysRptLog0019", "销售收入统计表查询", "frmFirter126", kYes,
+     kYes, ""},
     {"Rpt128", "销售出库汇总表", "166", 2, 128, "SysRptLog0017", "销售出库汇总表查询", "frmFirter128", kYes,
      kYes, "Rpt129"},
-    {"Rpt129", "销售出库明细表", "129", 1, 0, "SysRptLog0018", "销售出库明细表查询", "frmFirter129", kYes, kYes,
-     ""},
+    {"Rpt129", "销售出库明细表", "129", 1, 0, "SysRptLog0018", "销售出库明细表查询", "frmFirter129", kYes,
+     kYes, ""},
     {"Rpt133", "客户单位销售情况汇总表", "166", 3, 0, "", "", "frmFirter126", kNo, kNo, ""},
     {"Rpt134", "客户单位销售情况明细表", "134", 1, 0, "SysRptLog0020", "客户单位销售情况明细表查询",
      "frmFirter134", kYes, kYes, ""},
-    {"Rpt135", "销售退货统计表", "135", 1, 0, "SysRptLog0021", "销售退货统计表查询", "frmFirter135", kYes, kYes,
-     ""},
+    {"Rpt135", "销售退货统计表", "135", 1, 0, "SysRptLog0021", "销售退货统计表查询", "frmFirter135", kYes,
+     kYes, ""},
     {"Rpt136", "销售订单统计表", "166", 3, 129, "SysRptLog0009", "销售订单统计表查询", "frmFirter136", kYes,
      kYes, "Rpt129"},
     {"Rpt137", "销售订单执行情况明细表", "134", 1, 0, "SysRptLog0011", "销售订单执行情况明细表查询",

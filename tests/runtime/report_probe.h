@@ -186,9 +186,7 @@ class ReportProbeTest : public ::testing::Test {
     return std::make_shared<Dictionary>(std::initializer_list<Dictionary::Entry>{{"OK", true}});
   }
 
-  static DictionaryRef Result(const ObjectRef& report) {
-    return As<Dictionary>(GetMember(report, "Result"));
-  }
+  static DictionaryRef Result(const ObjectRef& report) { return As<Dictionary>(GetMember(report, "Result")); }
   static bool Ok(const ObjectRef& report) { return Result(report)->Get("OK").ToBoolean(); }
   static std::string Error(const ObjectRef& report) { return Result(report)->Get("Error").ToText(); }
   static ObjectRef ObjectOf(const ObjectRef& report, std::string_view member) {

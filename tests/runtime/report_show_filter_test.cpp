@@ -155,9 +155,9 @@ TEST_F(ShowFilterTest, RunsTheMarkedPlanUnseen) {
   const ObjectRef report = Make("Rpt128");
   Variant auto_filter = true;
   Call(report, "ShowFilter", auto_filter);
-  EXPECT_EQ(script_.journal, (Steps{"log SysRptLog0017 3 销售出库汇总表查询", "set-up 166",
-                                    "made frmFirter128", "family 166", "status 0 hidden", "which plan of 166",
-                                    "finish 月报", "dialog released"}));
+  EXPECT_EQ(script_.journal,
+            (Steps{"log SysRptLog0017 3 销售出库汇总表查询", "set-up 166", "made frmFirter128", "family 166",
+                   "status 0 hidden", "which plan of 166", "finish 月报", "dialog released"}));
   ASSERT_EQ(store->Calls().size(), 1u);
   EXPECT_EQ(store->Calls()[0].arguments, (std::vector<Variant>{kProps, "166"}));
   EXPECT_TRUE(Ok(report));
@@ -197,7 +197,9 @@ TEST_F(ShowFilterTest, GoesOnWhenTheLogLineFails) {
 
 TEST_F(ShowFilterTest, MakesNoDialogWhenTheSetUpFails) {
   const ObjectRef report = Make("Rpt128");
-  script_.set_up = [] { throw RuntimeError(error_number::kDataRight, "SetRptProperty", "数据授权取数发生错误"); };
+  script_.set_up = [] {
+    throw RuntimeError(error_number::kDataRight, "SetRptProperty", "数据授权取数发生错误");
+  };
   Call(report, "ShowFilter");
   EXPECT_FALSE(Ok(report));
   EXPECT_EQ(Error(report), "数据授权取数发生错误");

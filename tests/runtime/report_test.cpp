@@ -27,6 +27,10 @@ TEST_F(ReportTest, IsMadeWithoutFilterRowsColumnsOrLines) {
   EXPECT_EQ(GetMember(report, "RptID"), Variant(std::int32_t{0}));
   EXPECT_EQ(ObjectOf(report, "Filter"), nullptr);
   EXPECT_EQ(ObjectOf(report, "Rs"), nullptr);
+  for (const char* member : {"Header", "Title"}) {
+    const auto lines = As<Vector>(GetMember(report, member));
+    EXPECT_TRUE(!lines || lines->Size() == 0) << member;
+  }
 }
 
 TEST_F(ReportTest, StartsNotOkWithoutAnError) {
@@ -311,7 +315,9 @@ class Mark final : public Object {
   Mark(std::string name, Steps& journal) : name_(std::move(name)), journal_(journal) {}
   ~Mark() override { journal_.push_back(name_); }
   [[nodiscard]] std::string_view ClassName() const override { return name_; }
-  Variant Invoke(std::string_view member, InvokeKind, Arguments) override { RaiseNoSuchMember(*this, member); }
+  Variant Invoke(std::string_view member, InvokeKind, Arguments) override {
+    RaiseNoSuchMember(*this, member);
+  }
 
  private:
   std::string name_;

@@ -86,6 +86,13 @@ TEST_F(DataRightTest, AsksForTheKindOfEachTableThatIsNamed) {
   EXPECT_EQ(KindsAsked(), (std::vector<int>{4, 2, 1}));
 }
 
+TEST_F(DataRightTest, AsksForATableThatIsNamedTwiceAndRestrictsBoth) {
+  EXPECT_EQ(Where({{{"DataTable", "t_Organization"}, {"DataTableAs", "t2"}},
+                   {{"DataTable", "t_Organization"}, {"DataTableAs", "t5"}}}),
+            " CharIndex('16394',t2.FRightUserID)>0  And  CharIndex('16394',t5.FRightUserID)>0 ");
+  EXPECT_EQ(KindsAsked(), (std::vector<int>{1, 1}));
+}
+
 TEST_F(DataRightTest, AddsNothingWhereNoRuleIsInForce) {
   InForceFor({});
   EXPECT_EQ(Where({{{"DataTable", "t_Organization"}, {"DataTableAs", "T4"}}}), "");
@@ -100,7 +107,8 @@ TEST_F(DataRightTest, AddsNothingForATableWithoutARule) {
 
 TEST_F(DataRightTest, KnowsATableInAnyCase) {
   for (const char* table : {"T_ORGANIZATION", "T_Organization", "t_organization"}) {
-    EXPECT_EQ(Where({{{"DataTable", table}, {"DataTableAs", "t2"}}}), " CharIndex('16394',t2.FRightUserID)>0 ");
+    EXPECT_EQ(Where({{{"DataTable", table}, {"DataTableAs", "t2"}}}),
+              " CharIndex('16394',t2.FRightUserID)>0 ");
   }
 }
 
@@ -131,7 +139,8 @@ TEST_F(DataRightTest, DoesNotJoinToBlanks) {
 // --- Aliases
 
 TEST_F(DataRightTest, TakesTheBillsAliasWhereTheTableHasNone) {
-  EXPECT_EQ(Where({{{"DataTable", "t_Stock"}, {"BillTableAs", "v2"}}}), " CharIndex('16394',v2.FRightUserID)>0 ");
+  EXPECT_EQ(Where({{{"DataTable", "t_Stock"}, {"BillTableAs", "v2"}}}),
+            " CharIndex('16394',v2.FRightUserID)>0 ");
 }
 
 TEST_F(DataRightTest, PrefersTheTablesAlias) {
@@ -183,14 +192,18 @@ TEST_F(DataRightTest, PassesAMissingLoginOn) {
 
 TEST_F(DataRightTest, RefusesAUserBeyondSixteenBits) {
   testing::LogIn(runtime_, "UserID=40000;");
-  EXPECT_EQ(NumberRaisedBy([this] { Where({{{"DataTable", "t_Stock"}, {"DataTableAs", "t9"}}}); }),
+  EXPECT_EQ(NumberRaisedBy([this] {
+              Where({{{"DataTable", "t_Stock"}, {"DataTableAs", "t9"}}});
+            }),
             error_number::kOverflow);
 }
 
 TEST_F(DataRightTest, PassesAMissingObjectOn) {
   const Runtime empty;
   testing::LogIn(Runtime::Current(), kProps);
-  EXPECT_EQ(NumberRaisedBy([this] { Where({{{"DataTable", "t_Stock"}, {"DataTableAs", "t9"}}}); }),
+  EXPECT_EQ(NumberRaisedBy([this] {
+              Where({{{"DataTable", "t_Stock"}, {"DataTableAs", "t9"}}});
+            }),
             error_number::kObjectMaker);
 }
 

@@ -12,10 +12,17 @@ namespace salerpt {
 namespace {
 
 const Dictionary& Filter() {
-  static const Dictionary filter{
-      {"Text", "01.02"},       {"Null", Null()},         {"Blank", ""},        {"Whole", std::int32_t{12}},
-      {"Double", 12.0},        {"Broken", 2.5},          {"NumberText", " 7"}, {"Word", "abc"},
-      {"Date", Date(37803.0)}, {"DateText", "2003-7-1"}, {"Evening", Date(37803.75)}};
+  static const Dictionary filter{{"Text", "01.02"},
+                                 {"Null", Null()},
+                                 {"Blank", ""},
+                                 {"Whole", std::int32_t{12}},
+                                 {"Double", 12.0},
+                                 {"Broken", 2.5},
+                                 {"NumberText", " 7"},
+                                 {"Word", "abc"},
+                                 {"Date", Date(37803.0)},
+                                 {"DateText", "2003-7-1"},
+                                 {"Evening", Date(37803.75)}};
   return filter;
 }
 

@@ -157,7 +157,8 @@ TEST_F(ItemLevelTest, ChangesTheLevelsInNothingForTheShortCode) {
 }
 
 TEST_F(ItemLevelTest, DoublesApostrophesAndTrimsTheEnds) {
-  EXPECT_EQ(Range("O'N", " it's ", "''"), " AND FNumber Like 'O''N.%' AND FNumber>='it''s' AND FNumber<=''''''");
+  EXPECT_EQ(Range("O'N", " it's ", "''"),
+            " AND FNumber Like 'O''N.%' AND FNumber>='it''s' AND FNumber<=''''''");
 }
 
 }  // namespace

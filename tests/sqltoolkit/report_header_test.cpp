@@ -68,8 +68,8 @@ TEST(AddHeader, WritesMergerTypeBeforeForceHide) {
 
 TEST(AddHeader, WritesEachKindOfColumnAsItsNumberInText) {
   const std::pair<ColumnType, const char*> kinds[] = {
-      {ColumnType::kDate, "0"},     {ColumnType::kText, "1"},         {ColumnType::kQuantity, "2"},
-      {ColumnType::kPrice, "4"},    {ColumnType::kAmount, "6"},       {ColumnType::kPercentage, "8"},
+      {ColumnType::kDate, "0"},         {ColumnType::kText, "1"},    {ColumnType::kQuantity, "2"},
+      {ColumnType::kPrice, "4"},        {ColumnType::kAmount, "6"},  {ColumnType::kPercentage, "8"},
       {ColumnType::kExchangeRate, "9"}, {ColumnType::kPeriod, "10"}, {ColumnType::kBaseAmount, "40"}};
   for (const auto& [type, text] : kinds) {
     Vector header;

@@ -47,24 +47,23 @@ TEST(ColumnsWithoutIdentity, LeavesATableWithoutOneAsItIs) {
 }
 
 TEST(ResortPass, MovesWholeBlocksInTheOrderAsked) {
-  EXPECT_EQ(
-      ResortPass(" FName1, FNumber, FSumSort", "FOutAmount DESC,FNumber ASC"),
-      "Declare @SumID int,@MaxID int,@MinID int \r\n"
-      "Select Top 1 @SumID=FSumSort From #TemData Order By FID DESC \r\n"
-      "Select Top 1 @SumID=FSumSort From #TemData Where FSumSort>@SumID Order By FID DESC \r\n"
-      "Select FID,Row_Number() over(Order By FOutAmount DESC,FNumber ASC) as RowId Into #TemOrder "
-      "From #TemData Where FSumSort=@SumID Order By FOutAmount DESC,FNumber ASC\r\n"
-      "While Exists(Select * From #TemOrder) \r\n"
-      "Begin  \r\n"
-      "  Set @MinID=0   Select Top 1 @MaxID=FID From #TemOrder  order by RowId \r\n"
-      "  Select Top 1 @MinID=IsNull(FID,0) From #TemData Where FSumSort=@SumID And FID<@MaxID "
-      "Order By FID DESC  \r\n"
-      "  Insert Into #Data Select   FName1, FNumber, FSumSort From #TemData "
-      "Where FID>ISNull(@MinID,0) And FID<=@MaxID  \r\n"
-      "  Delete From #TemOrder Where FID=@MaxID  \r\n"
-      "End \r\n"
-      "Insert Into #Data Select  FName1, FNumber, FSumSort From #TemData "
-      "Where FSumSort>1 And FSumSort<@SumID \r\n");
+  EXPECT_EQ(ResortPass(" FName1, FNumber, FSumSort", "FOutAmount DESC,FNumber ASC"),
+            "Declare @SumID int,@MaxID int,@MinID int \r\n"
+            "Select Top 1 @SumID=FSumSort From #TemData Order By FID DESC \r\n"
+            "Select Top 1 @SumID=FSumSort From #TemData Where FSumSort>@SumID Order By FID DESC \r\n"
+            "Select FID,Row_Number() over(Order By FOutAmount DESC,FNumber ASC) as RowId Into #TemOrder "
+            "From #TemData Where FSumSort=@SumID Order By FOutAmount DESC,FNumber ASC\r\n"
+            "While Exists(Select * From #TemOrder) \r\n"
+            "Begin  \r\n"
+            "  Set @MinID=0   Select Top 1 @MaxID=FID From #TemOrder  order by RowId \r\n"
+            "  Select Top 1 @MinID=IsNull(FID,0) From #TemData Where FSumSort=@SumID And FID<@MaxID "
+            "Order By FID DESC  \r\n"
+            "  Insert Into #Data Select   FName1, FNumber, FSumSort From #TemData "
+            "Where FID>ISNull(@MinID,0) And FID<=@MaxID  \r\n"
+            "  Delete From #TemOrder Where FID=@MaxID  \r\n"
+            "End \r\n"
+            "Insert Into #Data Select  FName1, FNumber, FSumSort From #TemData "
+            "Where FSumSort>1 And FSumSort<@SumID \r\n");
 }
 
 }  // namespace

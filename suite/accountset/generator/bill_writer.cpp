@@ -115,108 +115,11 @@ Money Hooked(const Line& line, Money amount) {
 
 BillWriter::BillWriter(Database& database)
     : database_(database),
-      order_(database, "SEOrder",
-             {"FInterID",    "FBillNo",          "FDate",        "FCustID",    "FDeptID",      "FEmpID",
-              "FCurrencyID", "FExchangeRate",    "FSaleStyle",   "FAreaPS",    "FRelateBrID",  "FStatus",
-              "FClosed",     "FCancelLation",    "FCheckerID",   "FCheckDate", "FExplanation", "FDepositFor",
-              "FDeposit",    "FPrePayAmountFor", "FPrePayAmount"}),
-      order_line_(database, "SEOrderEntry",
-                  {"FInterID",
-                   "FEntryID",
-                   "FItemID",
-                   "FAuxPropID",
-                   "FUnitID",
-                   "FQty",
-                   "FAuxQty",
-                   "FSecQty",
-                   "FPrice",
-                   "FAuxPrice",
-                   "FTaxPrice",
-                   "FTaxRate",
-                   "FAmount",
-                   "FTaxAmount",
-                   "FAllAmount",
-                   "FStdAllAmount",
-                   "FCommitQty",
-                   "FAuxCommitQty",
-                   "FInvoiceQty",
-                   "FAuxInvoiceQty",
-                   "FInvoiceAmountFor",
-                   "FInvoiceAmount",
-                   "FReceiveAmountFor",
-                   "FReceiveAmount",
-                   "FAdviceConsignDate",
-                   "FDate",
-                   "FBomInterID",
-                   "FMrpClosed"}),
-      stock_bill_(database, "ICStockBill",
-                  {"FInterID", "FTranType", "FBillNo", "FDate", "FSupplyID", "FDeptID", "FEmpID",
-                   "FSaleStyle", "FPOStyle", "FROB", "FStatus", "FCancelLation", "FHookStatus",
-                   "FUpStockWhenSave", "FCheckerID", "FCheckDate", "FExplanation"}),
-      stock_line_(database, "ICStockBillEntry",
-                  {"FInterID",       "FEntryID",      "FItemID",      "FAuxPropID",      "FBatchNo",
-                   "FKFPeriod",      "FUnitID",       "FQty",         "FAuxQty",         "FSecQty",
-                   "FPrice",         "FAuxPrice",     "FAmount",      "FConsignPrice",   "FConsignAmount",
-                   "FSCStockID",     "FDCStockID",    "FQtyInvoice",  "FAllHookQTY",     "FAllHookAmount",
-                   "FOrderInterID",  "FOrderEntryID", "FOrderBillNo", "FSourceTranType", "FSourceInterID",
-                   "FSourceEntryID", "FICMOInterID",  "FKFDate"}),
-      sale_(database, "ICSale",
-            {"FInterID",
-             "FTranType",
-             "FBillNo",
-             "FDate",
-             "FCustID",
-             "FDeptID",
-             "FEmpID",
-             "FCurrencyID",
-             "FExchangeRate",
-             "FSaleStyle",
-             "FROB",
-             "FStatus",
-             "FCancelLation",
-             "FHookStatus",
-             "FVchInterID",
-             "FCheckerID",
-             "FCheckDate",
-             "FSettleDate",
-             "FReceiveAmountFor",
-             "FReceiveAmount",
-             "FNote"}),
-      sale_line_(database, "ICSaleEntry",
-                 {"FInterID",       "FEntryID",      "FItemID",       "FAuxPropID",     "FBatchNo",
-                  "FUnitID",        "FQty",          "FAuxQty",       "FSecQty",        "FPrice",
-                  "FAuxPrice",      "FTaxPrice",     "FTaxRate",      "FAmount",        "FTaxAmount",
-                  "FStdAmount",     "FStdTaxAmount", "FAllHookQTY",   "FAllHookAmount", "FReceiveAmountFor",
-                  "FReceiveAmount", "FOrderInterID", "FOrderEntryID", "FOrderBillNo",   "FSourceTranType",
-                  "FSourceInterID", "FSourceEntryID"}),
-      purchase_order_(database, "POOrder",
-                      {"FInterID", "FBillNo", "FDate", "FSupplyID", "FDeptID", "FEmpID", "FPOStyle",
-                       "FStatus", "FCheckerID", "FCheckDate"}),
-      purchase_order_line_(
-          database, "POOrderEntry",
-          {"FInterID", "FEntryID", "FItemID", "FUnitID", "FQty", "FAuxQty", "FPrice", "FAuxPrice", "FTaxRate",
-           "FAmount", "FTaxAmount", "FAllAmount", "FCommitQty", "FDate"}),
-      purchase_(database, "ICPurchase",
-                {"FInterID", "FTranType", "FBillNo", "FDate", "FSupplyID", "FDeptID", "FEmpID", "FPOStyle",
-                 "FStatus", "FHookStatus", "FCheckerID", "FCheckDate"}),
-      purchase_line_(
-          database, "ICPurchaseEntry",
-          {"FInterID",    "FEntryID",       "FItemID",         "FBatchNo",       "FUnitID",
-           "FQty",        "FAuxQty",        "FSecQty",         "FPrice",         "FAuxPrice",
-           "FTaxRate",    "FAmount",        "FTaxAmount",      "FStdAmount",     "FStdTaxAmount",
-           "FAllHookQTY", "FAllHookAmount", "FSourceTranType", "FSourceInterID", "FSourceEntryID"}),
-      task_(database, "ICMO",
-            {"FInterID", "FBillNo", "FCheckDate", "FPlanCommitDate", "FPlanFinishDate", "FItemID",
-             "FAuxPropID", "FUnitID", "FQty", "FAuxQty", "FCommitQty", "FStockQty", "FWorkShop",
-             "FBomInterID", "FOrderInterID", "FSourceEntryID", "FGMPBatchNo", "FStatus"}),
-      fee_(database, "ICFeeInvoice",
-           {"FInterID", "FTranType", "FBillNo", "FDate", "FSupplyID", "FCustID", "FDeptID", "FEmpID",
-            "FPOStyle", "FSaleStyle", "FStatus", "FHookStatus", "FCheckerID", "FCheckDate"}),
-      fee_line_(database, "ICFeeInvoiceEntry",
-                {"FInterID", "FEntryID", "FItemID", "FAuxQty", "FAuxPrice", "FAmount", "FTaxRate",
-                 "FTaxAmount", "FStdAmount", "FStdTaxAmount"}),
-      voucher_(database, "t_Voucher",
-               {"FVoucherID", "FDate", "FYear", "FPeriod", "FGroupID", "FNumber", "FExplanation"}) {}
+      orders_(database),
+      stock_(database),
+      sales_(database),
+      purchases_(database),
+      others_(database) {}
 
 void BillWriter::Write(Bill& bill) {
   NumberBill(bill);
@@ -248,18 +151,18 @@ void BillWriter::NumberBill(Bill& bill) {
 }
 
 void BillWriter::WriteOrder(const Bill& bill) {
-  order_.Row(bill.id, bill.number, DateText(bill.day), bill.partner, bill.department, bill.employee,
-             bill.currency->id, Rate(bill.rate), bill.style, bill.range, bill.branch, bill.status,
-             bill.closed, bill.cancelled, Checker(bill), CheckDate(bill), Note(bill), Amount(bill.deposit),
-             Amount(DivideRounded(bill.deposit * bill.rate, kRateOne)), Amount(bill.prepaid),
-             Amount(DivideRounded(bill.prepaid * bill.rate, kRateOne)));
+  orders_.head.Row(bill.id, bill.number, DateText(bill.day), bill.partner, bill.department, bill.employee,
+                   bill.currency->id, Rate(bill.rate), bill.style, bill.range, bill.branch, bill.status,
+                   bill.closed, bill.cancelled, Checker(bill), CheckDate(bill), Note(bill),
+                   Amount(bill.deposit), Amount(DivideRounded(bill.deposit * bill.rate, kRateOne)),
+                   Amount(bill.prepaid), Amount(DivideRounded(bill.prepaid * bill.rate, kRateOne)));
   int entry = 0;
   for (const auto& line : bill.lines) WriteOrderLine(bill, line, ++entry);
 }
 
 void BillWriter::WriteOrderLine(const Bill& bill, const Line& line, int entry) {
   const Money all = line.net + line.tax;
-  order_line_.Row(
+  orders_.line.Row(
       bill.id, entry, line.item->node.id, line.aux_prop, line.unit, Qty(line.Base()), Qty(line.aux_quantity),
       SecondQty(line), BasePrice(line), AuxPrice(line), TaxPrice(line), line.tax_rate, Amount(line.net),
       Amount(line.tax), Amount(all), Amount(line.std_net + line.std_tax), Qty(line.delivered),
@@ -271,7 +174,7 @@ void BillWriter::WriteOrderLine(const Bill& bill, const Line& line, int entry) {
 void BillWriter::WriteStockBill(const Bill& bill) {
   const bool sale = bill.kind == BillKind::kOutbound;
   const bool purchase = bill.kind == BillKind::kPurchaseReceipt;
-  stock_bill_.Row(bill.id, bill.type, bill.number, DateText(bill.day), bill.partner, bill.department,
+  stock_.head.Row(bill.id, bill.type, bill.number, DateText(bill.day), bill.partner, bill.department,
                   bill.employee, sale ? bill.style : 0, purchase ? bill.style : 0, bill.red ? -1 : 1,
                   bill.status, bill.cancelled, HookStatus(bill), bill.early_stock, Checker(bill),
                   CheckDate(bill), Note(bill));
@@ -291,7 +194,7 @@ void BillWriter::WriteStockLine(const Bill& bill, const Line& line, int entry) {
   const bool ages = line.item->shelf_days > 0;
   // Sales and receipts name the place in FDCStockID, issues the place that they take from in FSCStockID.
   const int from_stock = bill.kind == BillKind::kIssue ? line.stock : 0;
-  stock_line_.Row(bill.id, entry, line.item->node.id, line.aux_prop, line.batch, line.item->shelf_days,
+  stock_.line.Row(bill.id, entry, line.item->node.id, line.aux_prop, line.batch, line.item->shelf_days,
                   line.unit, Qty(line.Base()), Qty(line.aux_quantity), SecondQty(line), cost_price, aux_cost,
                   Amount(line.cost), sale_price, Amount(sale ? line.std_net : 0), from_stock,
                   from_stock == 0 ? line.stock : 0, Qty(line.invoiced), Qty(line.hooked),
@@ -311,42 +214,43 @@ void BillWriter::WriteSaleInvoice(const Bill& bill) {
   }
   const int voucher = bill.status > 0 && !bill.cancelled ? VoucherOf(bill.day) : 0;
   const auto note = bill.note.empty() ? std::string("销售收入") : bill.note;
-  sale_.Row(bill.id, bill.type, bill.number, DateText(bill.day), bill.partner, bill.department, bill.employee,
-            bill.currency->id, Rate(bill.rate), bill.style, bill.red ? -1 : 1, bill.status, bill.cancelled,
-            HookStatus(bill), voucher, Checker(bill), CheckDate(bill), DateText(bill.day + kTerm),
-            Amount(received), Amount(received_std), note);
+  sales_.head.Row(bill.id, bill.type, bill.number, DateText(bill.day), bill.partner, bill.department,
+                  bill.employee, bill.currency->id, Rate(bill.rate), bill.style, bill.red ? -1 : 1,
+                  bill.status, bill.cancelled, HookStatus(bill), voucher, Checker(bill), CheckDate(bill),
+                  DateText(bill.day + kTerm), Amount(received), Amount(received_std), note);
   int entry = 0;
   for (const auto& line : bill.lines) WriteSaleLine(bill, line, ++entry);
 }
 
 void BillWriter::WriteSaleLine(const Bill& bill, const Line& line, int entry) {
-  sale_line_.Row(bill.id, entry, line.item->node.id, line.aux_prop, line.batch, line.unit, Qty(line.Base()),
-                 Qty(line.aux_quantity), SecondQty(line), BasePrice(line), AuxPrice(line), TaxPrice(line),
-                 line.tax_rate, Amount(InvoiceAmount(bill, line)), Amount(line.tax),
-                 Amount(InvoiceStd(bill, line)), Amount(line.std_tax), Qty(line.hooked),
-                 Amount(Hooked(line, line.std_net)), Amount(line.received), Amount(line.received_std),
-                 OrderId(line), OrderEntry(line), OrderNumber(line), SourceType(line), SourceId(line),
-                 line.source.entry);
+  sales_.line.Row(bill.id, entry, line.item->node.id, line.aux_prop, line.batch, line.unit, Qty(line.Base()),
+                  Qty(line.aux_quantity), SecondQty(line), BasePrice(line), AuxPrice(line), TaxPrice(line),
+                  line.tax_rate, Amount(InvoiceAmount(bill, line)), Amount(line.tax),
+                  Amount(InvoiceStd(bill, line)), Amount(line.std_tax), Qty(line.hooked),
+                  Amount(Hooked(line, line.std_net)), Amount(line.received), Amount(line.received_std),
+                  OrderId(line), OrderEntry(line), OrderNumber(line), SourceType(line), SourceId(line),
+                  line.source.entry);
 }
 
 void BillWriter::WritePurchaseOrder(const Bill& bill) {
-  purchase_order_.Row(bill.id, bill.number, DateText(bill.day), bill.partner, bill.department, bill.employee,
-                      bill.style, bill.status, Checker(bill), CheckDate(bill));
+  purchases_.order_head.Row(bill.id, bill.number, DateText(bill.day), bill.partner, bill.department,
+                            bill.employee, bill.style, bill.status, Checker(bill), CheckDate(bill));
   int entry = 0;
   for (const auto& line : bill.lines) {
-    purchase_order_line_.Row(bill.id, ++entry, line.item->node.id, line.unit, Qty(line.Base()),
-                             Qty(line.aux_quantity), BasePrice(line), AuxPrice(line), line.tax_rate,
-                             Amount(line.net), Amount(line.tax), Amount(line.net + line.tax),
-                             Qty(line.delivered), DateText(line.due_day));
+    purchases_.order_line.Row(bill.id, ++entry, line.item->node.id, line.unit, Qty(line.Base()),
+                              Qty(line.aux_quantity), BasePrice(line), AuxPrice(line), line.tax_rate,
+                              Amount(line.net), Amount(line.tax), Amount(line.net + line.tax),
+                              Qty(line.delivered), DateText(line.due_day));
   }
 }
 
 void BillWriter::WritePurchaseInvoice(const Bill& bill) {
-  purchase_.Row(bill.id, bill.type, bill.number, DateText(bill.day), bill.partner, bill.department,
-                bill.employee, bill.style, bill.status, HookStatus(bill), Checker(bill), CheckDate(bill));
+  purchases_.head.Row(bill.id, bill.type, bill.number, DateText(bill.day), bill.partner, bill.department,
+                      bill.employee, bill.style, bill.status, HookStatus(bill), Checker(bill),
+                      CheckDate(bill));
   int entry = 0;
   for (const auto& line : bill.lines) {
-    purchase_line_.Row(
+    purchases_.line.Row(
         bill.id, ++entry, line.item->node.id, line.batch, line.unit, Qty(line.Base()), Qty(line.aux_quantity),
         SecondQty(line), BasePrice(line), AuxPrice(line), line.tax_rate, Amount(InvoiceAmount(bill, line)),
         Amount(line.tax), Amount(InvoiceStd(bill, line)), Amount(line.std_tax), Qty(line.hooked),
@@ -356,23 +260,24 @@ void BillWriter::WritePurchaseInvoice(const Bill& bill) {
 
 void BillWriter::WriteTask(const Bill& bill) {
   const Line& line = bill.lines.front();
-  task_.Row(bill.id, bill.number, DateText(bill.day), DateText(bill.day), DateText(line.due_day),
-            line.item->node.id, line.aux_prop, line.unit, Qty(line.Base()), Qty(line.aux_quantity),
-            Qty(line.delivered), Qty(line.delivered), bill.department, line.item->bom, line.order.bill->id,
-            line.order.entry, line.batch, bill.status);
+  others_.task.Row(bill.id, bill.number, DateText(bill.day), DateText(bill.day), DateText(line.due_day),
+                   line.item->node.id, line.aux_prop, line.unit, Qty(line.Base()), Qty(line.aux_quantity),
+                   Qty(line.delivered), Qty(line.delivered), bill.department, line.item->bom,
+                   line.order.bill->id, line.order.entry, line.batch, bill.status);
 }
 
 void BillWriter::WriteFeeInvoice(const Bill& bill) {
   const bool to_pay = bill.type == 78;
-  fee_.Row(bill.id, bill.type, bill.number, DateText(bill.day), to_pay ? bill.partner : 0,
-           to_pay ? 0 : bill.partner, bill.department, bill.employee, to_pay ? bill.style : 0,
-           to_pay ? 0 : bill.style, bill.status, HookStatus(bill), Checker(bill), CheckDate(bill));
+  others_.fee_head.Row(bill.id, bill.type, bill.number, DateText(bill.day), to_pay ? bill.partner : 0,
+                       to_pay ? 0 : bill.partner, bill.department, bill.employee, to_pay ? bill.style : 0,
+                       to_pay ? 0 : bill.style, bill.status, HookStatus(bill), Checker(bill),
+                       CheckDate(bill));
   int entry = 0;
   for (const auto& line : bill.lines) {
     // Fee amounts include their tax.
-    fee_line_.Row(bill.id, ++entry, line.fee->node.id, Qty(line.aux_quantity), AuxPrice(line),
-                  Amount(line.net + line.tax), line.tax_rate, Amount(line.tax),
-                  Amount(line.std_net + line.std_tax), Amount(line.std_tax));
+    others_.fee_line.Row(bill.id, ++entry, line.fee->node.id, Qty(line.aux_quantity), AuxPrice(line),
+                         Amount(line.net + line.tax), line.tax_rate, Amount(line.tax),
+                         Amount(line.std_net + line.std_tax), Amount(line.std_tax));
   }
 }
 
@@ -382,7 +287,7 @@ int BillWriter::VoucherOf(int day) {
   if (date.month != voucher_month_) voucher_number_ = 0;
   voucher_day_ = day;
   voucher_month_ = date.month;
-  voucher_.Row(++voucher_id_, DateText(day), date.year, date.month, 1, ++voucher_number_, "销售收入");
+  sales_.voucher.Row(++voucher_id_, DateText(day), date.year, date.month, 1, ++voucher_number_, "销售收入");
   return voucher_id_;
 }
 

@@ -8,6 +8,7 @@
 #include <tuple>
 
 #include "suite/accountset/generator/bill.h"
+#include "suite/accountset/generator/bill_tables.h"
 #include "suite/accountset/sqlite.h"
 
 namespace salerpt::accountset::generator {
@@ -39,8 +40,11 @@ class BillWriter {
   void MoveStock(const Bill& bill, const Line& line);
 
   Database& database_;
-  Insert order_, order_line_, stock_bill_, stock_line_, sale_, sale_line_;
-  Insert purchase_order_, purchase_order_line_, purchase_, purchase_line_, task_, fee_, fee_line_, voucher_;
+  OrderTables orders_;
+  StockTables stock_;
+  SaleTables sales_;
+  PurchaseTables purchases_;
+  OtherTables others_;
   std::map<std::string, int> last_numbers_;  // by the prefix of the bill number
   std::array<int, 7> last_ids_{};            // by head table
   int voucher_day_ = -1;

@@ -103,8 +103,8 @@ class LogicTest : public testing::TestWithParam<std::filesystem::path> {
     try {
       world_->GetSession().Execute(entry.sql, rows);
     } catch (const TsqlError& error) {
-      Report(entry, "failed with " + std::to_string(error.Number()) + " in line " + std::to_string(error.Line()) + ": " +
-                        error.Description());
+      Report(entry, "failed with " + std::to_string(error.Number()) + " in line " +
+                        std::to_string(error.Line()) + ": " + error.Description());
       return;
     }
     if (entry.kind != Entry::Kind::kQuery) return;
@@ -122,8 +122,8 @@ class LogicTest : public testing::TestWithParam<std::filesystem::path> {
       world_->GetSession().Execute(entry.sql);
     } catch (const TsqlError& error) {
       if (error.Number() != entry.error_number || error.Description() != entry.error_text) {
-        Report(entry, "failed with\n" + std::to_string(error.Number()) + " " + error.Description() + "\nand not\n" +
-                          std::to_string(entry.error_number) + " " + entry.error_text);
+        Report(entry, "failed with\n" + std::to_string(error.Number()) + " " + error.Description() +
+                          "\nand not\n" + std::to_string(entry.error_number) + " " + entry.error_text);
       }
       if (entry.error_line > 0 && entry.error_line != error.Line()) {
         Report(entry, "failed in line " + std::to_string(error.Line()));
@@ -153,7 +153,8 @@ std::vector<std::filesystem::path> Scripts() {
 
 INSTANTIATE_TEST_SUITE_P(Tsql, LogicTest, testing::ValuesIn(Scripts()), [](const auto& file) {
   std::string name = file.param.stem().string();
-  std::replace_if(name.begin(), name.end(), [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return std::isalnum(static_cast<unsigned char>(c)) == 0; }, '_');
   return name;
 });
 
