@@ -18,6 +18,10 @@ namespace {
                      Join(choice.place, ": ", expected, " was expected"));
 }
 
+bool IsWhole(double number) {
+  return std::trunc(number) == number;
+}
+
 std::optional<double> ParseNumber(std::string_view text) {
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -27,7 +31,7 @@ std::optional<double> ParseNumber(std::string_view text) {
 
 Variant NumberVariant(double number) {
   using Limits = std::numeric_limits<std::int32_t>;
-  const bool is_int32 = std::trunc(number) == number && number >= Limits::min() && number <= Limits::max();
+  const bool is_int32 = IsWhole(number) && number >= Limits::min() && number <= Limits::max();
   return is_int32 ? Variant(static_cast<std::int32_t>(number)) : Variant(number);
 }
 
@@ -115,10 +119,9 @@ Variant TypedValue(const Choice& choice, const Variant& by_default) {
       return DateOf(choice);
     case Variant::Kind::kInt16:
     case Variant::Kind::kInt32:
-      return NumberOf(choice, true);
     case Variant::Kind::kDouble:
     case Variant::Kind::kCurrency:
-      return NumberOf(choice, false);
+      return NumberOf(choice, IsWhole(by_default.ToDouble()));
     case Variant::Kind::kBoolean:
       return BooleanOf(choice);
     case Variant::Kind::kText:

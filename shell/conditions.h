@@ -25,10 +25,11 @@ struct Choice {
 Choice ParseChoice(std::string_view argument);
 
 // The value of a choice as its key holds it, told by the key's default:
-//   a date      YYYY-MM-DD, a real day; a key whose default is the text of a day holds such a text
-//   a number    whole ones as 32-bit integers, others as doubles; a key that holds whole numbers takes no
-//   others a boolean   true or false a text      as it stands, "0101" included; from a file also a number,
-//   written out an object   from a file only
+// - a date: YYYY-MM-DD, a real day; a key whose default is the text of a day holds such a text;
+// - a number: whole ones as 32-bit integers, others as doubles; a key whose default is whole takes no others;
+// - a boolean: true or false;
+// - a text: as it stands, "0101" included; from a file also a number, written out;
+// - an object: from a file only.
 // Raises invalid-call naming place and value, and what was expected.
 Variant TypedValue(const Choice& choice, const Variant& by_default);
 

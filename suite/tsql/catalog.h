@@ -27,6 +27,7 @@ struct TableInfo {
   std::string sql;   // as SQLite reads it: temp."#DATA"
   bool temporary = false;
   bool has_rowid = true;
+  std::int64_t identity_seed = 1;
   std::vector<ColumnInfo> columns;
 
   // Index of the column of that name, any case; -1 when there is none.

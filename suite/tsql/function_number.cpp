@@ -172,6 +172,11 @@ void IsNumeric(const Call& call) {
   call.Return(std::int64_t{numeric ? 1 : 0});
 }
 
+void Top(const Call& call) {
+  if (call.Integer(0) < 0) Raise(127, "A TOP N value may not be negative.");
+  call.Return(call.Integer(0));
+}
+
 // ts_var(index): the variable as it is at this row.
 void VariableNow(const Call& call) {
   const Datum& value = call.State().variables->At(static_cast<int>(call.Integer(0))).value;
@@ -203,6 +208,7 @@ constexpr FunctionDefinition kFunctions[] = {
     {"ts_log", 1, &Logarithm},
     {"ts_isnumeric", 1, &IsNumeric},
     {"ts_var", 1, &VariableNow, false},
+    {"ts_top", 1, &Top},
 };
 
 }  // namespace

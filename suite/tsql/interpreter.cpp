@@ -15,6 +15,9 @@ Interpreter::Interpreter(SessionState& session, const Batch& batch, RowSink& sin
 
 void Interpreter::Run() {
   session_.engine.functions->variables = &variables_;
+  variables_.At(Variables::kRowCount).value = session_.row_count;
+  variables_.At(Variables::kIdentity).value = session_.identity;
+  for (const DeclaredVariable& variable : batch_.variables) variables_.Declare(variable.name, variable.type);
   for (const StatementPtr& statement : batch_.statements) {
     if (Execute(*statement) == Flow::kReturn) return;
   }
@@ -106,7 +109,7 @@ void Interpreter::RunPlan(Translated& translated) {
       break;
   }
   session_.groups->groups = nullptr;
-  variables_.At(Variables::kRowCount).value = rows;
+  variables_.At(Variables::kRowCount).value = session_.row_count = rows;
 }
 
 void Interpreter::FillGroups(const Translated& translated, Groups& groups) {
@@ -149,8 +152,8 @@ std::int64_t Interpreter::Change(const Translated& translated) {
   const std::int64_t rows = sqlite3_changes64(session_.engine.connection);
   session_.rows_affected = rows;
   if (translated.plan.writes_identity && rows > 0) {
-    variables_.At(Variables::kIdentity).value =
-        static_cast<double>(sqlite3_last_insert_rowid(session_.engine.connection));
+    session_.identity = static_cast<double>(sqlite3_last_insert_rowid(session_.engine.connection));
+    variables_.At(Variables::kIdentity).value = session_.identity;
   }
   return rows;
 }

@@ -25,6 +25,8 @@ struct SessionState {
   std::set<std::string> indexes;  // made for lookups, by their names
   std::int64_t statement_limit = 0;
   std::int64_t rows_affected = 0;
+  Datum row_count = std::int64_t{0};  // @@ROWCOUNT
+  Datum identity;                     // @@IDENTITY
 };
 
 // Drops a temporary table and what is known of it.

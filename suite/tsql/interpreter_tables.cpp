@@ -19,6 +19,16 @@ std::string NameList(const std::vector<std::string>& names) {
   return list;
 }
 
+// Makes the next identity number that of the seed.
+void Seed(const Engine& engine, const TableInfo& table) {
+  if (table.Identity() < 0) return;
+  const char* schema = table.temporary ? "temp" : "main";
+  engine.Run(fmt::format("DELETE FROM {}.sqlite_sequence WHERE name = {}", schema, QuoteLiteral(table.name)));
+  if (table.identity_seed == 1) return;
+  engine.Run(fmt::format("INSERT INTO {}.sqlite_sequence(name, seq) VALUES({}, {})", schema,
+                         QuoteLiteral(table.name), table.identity_seed - 1));
+}
+
 [[noreturn]] void RaiseExists(const TableInfo& table) {
   Raise(2714, fmt::format("There is already an object named '{}' in the database.", table.name));
 }
@@ -86,35 +96,30 @@ TableInfo Interpreter::DescribeTable(const CreateTableStatement& body) const {
 }
 
 void Interpreter::CreateTable(const Statement& statement, const CreateTableStatement& body) {
-  const TableInfo table = DescribeTable(body);
+  TableInfo table = DescribeTable(body);
   if (session_.catalog->Find(body.table) != nullptr) RaiseExists(table);
   Translator translator(*session_.catalog, variables_, statement.line);
   std::vector<std::string> options;
-  std::int64_t seed = 1;
   for (const ColumnDefinition& definition : body.columns) {
     std::string& option = options.emplace_back();
     if (definition.identity) {
-      seed = definition.identity_seed;
+      table.identity_seed = definition.identity_seed;
       continue;
     }
     if (definition.primary_key || definition.unique) option += " UNIQUE";
-    if (definition.default_value != nullptr) {
-      option += fmt::format(" DEFAULT ({})",
-                            translator.TranslateDefault(*definition.default_value, definition.type));
-    }
+    if (definition.default_value == nullptr) continue;
+    option +=
+        fmt::format(" DEFAULT ({})", translator.TranslateDefault(*definition.default_value, definition.type));
   }
   std::string rest;
   for (const std::vector<std::string>& key : body.keys) {
     for (const std::string& column : key) {
       if (table.Find(column) < 0) RaiseInvalidColumn(column);
     }
-    rest += ",UNIQUE(" + NameList(key) + ")";
+    rest += fmt::format(",UNIQUE({})", NameList(key));
   }
   session_.engine.Run(CreateTableSql(table, options, rest));
-  if (seed != 1) {
-    session_.engine.Run(fmt::format("INSERT INTO {}.sqlite_sequence(name, seq) VALUES({}, {})",
-                                    table.temporary ? "temp" : "main", QuoteLiteral(table.name), seed - 1));
-  }
+  Seed(session_.engine, table);
   session_.catalog->Add(table);
 }
 
@@ -224,10 +229,7 @@ Interpreter::Flow Interpreter::Do(const Statement& /*statement*/, const Truncate
                     body.table.back()));
   }
   session_.engine.Run("DELETE FROM " + table->sql);
-  if (table->Identity() >= 0) {
-    session_.engine.Run(fmt::format("DELETE FROM {}.sqlite_sequence WHERE name = {}",
-                                    table->temporary ? "temp" : "main", QuoteLiteral(table->name)));
-  }
+  Seed(session_.engine, *table);
   return Flow::kNext;
 }
 

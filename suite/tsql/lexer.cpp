@@ -111,7 +111,7 @@ class Lexer {
   }
 
   void ReadQuoted(char close, Token& token) {
-    const std::size_t start = ++position_;
+    ++position_;
     for (; position_ < batch_.size(); ++position_) {
       const char c = batch_[position_];
       if (c == '\n') ++line_;
@@ -126,7 +126,7 @@ class Lexer {
       }
     }
     Raise(105,
-          fmt::format("Unclosed quotation mark after the character string '{}'.", batch_.substr(start, 128)),
+          fmt::format("Unclosed quotation mark after the character string '{}'.", token.text.substr(0, 128)),
           token.line);
   }
 
@@ -137,6 +137,7 @@ class Lexer {
   void ReadNumber(Token& token) {
     const std::size_t start = position_;
     token.kind = TokenKind::kInteger;
+    if (Peek() == '0' && (Peek(1) == 'x' || Peek(1) == 'X')) RaiseNotSupported("A binary literal", line_);
     ReadDigits();
     if (Peek() == '.') {
       token.kind = TokenKind::kDecimal;

@@ -132,7 +132,10 @@ std::string Parser::TakeName() {
 
 NameParts Parser::TakeNameParts() {
   if (Peek().kind == TokenKind::kVariable) {
-    CheckVariable(Peek());
+    const Token& token = Peek();
+    if (std::find(variables_.begin(), variables_.end(), UpperCase(token.text)) == variables_.end()) {
+      Raise(1087, fmt::format("Must declare the table variable \"{}\".", token.text), token.line);
+    }
     return {Take().text};
   }
   NameParts parts = {TakeName()};
@@ -164,6 +167,7 @@ Batch Parser::ParseAll() {
     }
   }
   batch.statement_count = statement_count_;
+  batch.variables = std::move(declared_);
   return batch;
 }
 
@@ -252,7 +256,7 @@ InsertStatement Parser::ParseInsert() {
   TakeWord("into");
   insert.table = TakeNameParts();
   SkipTableHints();
-  if (AtSymbol("(") && !AtWord("select", 1)) insert.columns = ParseColumnNames();
+  if (AtSymbol("(") && (!AtWord("select", 1) || AtSymbol(")", 2))) insert.columns = ParseColumnNames();
   if (TakeWord("default")) {
     ExpectWord("values");
     insert.default_values = true;
@@ -337,7 +341,10 @@ void Parser::ParseSet(Statement& statement) {
     statement.body = SetOptionStatement{};
     return;
   }
-  if (Peek().kind == TokenKind::kWord) RefuseHere("SET " + UpperCase(Peek().text));
+  if (Peek().kind == TokenKind::kWord && Peek(1).kind != TokenKind::kEnd) {
+    RefuseHere("SET " + UpperCase(Peek().text));
+  }
+  if (Peek().kind == TokenKind::kWord) Take();
   FailHere();
 }
 

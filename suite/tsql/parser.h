@@ -81,7 +81,9 @@ class Parser {
   void ParseColumnOption(ColumnDefinition& column, bool& more);
   void ParseIdentity(ColumnDefinition& column);
   // `column` 0: the type of a CAST.
-  ColumnType ParseTypeName(int column = 0);
+  ColumnType ParseTypeName(int column = 0, std::string_view name = {});
+  void ParseTextSize(ColumnType& type, std::string_view column);
+  void ParsePrecision(ColumnType& type, int column);
   std::vector<std::string> ParseColumnNames();
 
   // Queries.
@@ -101,6 +103,8 @@ class Parser {
   // Expressions, from the loosest binding to the tightest.
   ExpressionPtr ParseExpression();
   ExpressionPtr ParseCondition();
+  void RequireCondition(const Expression& expression) const;
+  ExpressionPtr ParseOr();
   ExpressionPtr ParseAnd();
   ExpressionPtr ParseNot();
   ExpressionPtr ParsePredicate();
@@ -132,7 +136,8 @@ class Parser {
   int depth_ = 0;
   int statement_count_ = 0;
   int loop_depth_ = 0;
-  std::vector<std::string> variables_;  // declared so far, lower case
+  std::vector<std::string> variables_;  // names declared so far, in capitals
+  std::vector<DeclaredVariable> declared_;
 };
 
 // A word that can stand for a name only in brackets.

@@ -78,7 +78,11 @@ ColumnDefinition Parser::ParseColumnDefinition(int number) {
   ColumnDefinition column;
   column.name = TakeName();
   if (AtWord("as")) RefuseHere("A computed column");
-  column.type = ParseTypeName(number);
+  if (AtSymbol(",") || AtSymbol(")")) {
+    Raise(173, fmt::format("The definition for column '{}' must include a data type.", column.name),
+          Peek().line);
+  }
+  column.type = ParseTypeName(number, column.name);
   bool more = true;
   while (more) ParseColumnOption(column, more);
   return column;
@@ -122,7 +126,7 @@ void Parser::ParseIdentity(ColumnDefinition& column) {
   ExpectSymbol(")");
 }
 
-ColumnType Parser::ParseTypeName(int column) {
+ColumnType Parser::ParseTypeName(int column, std::string_view name) {
   const Token& token = Peek();
   if (!AtName()) FailHere();
   ColumnType type = ParseType(token.text);
@@ -133,38 +137,56 @@ ColumnType Parser::ParseTypeName(int column) {
           token.line);
   }
   Take();
-  const bool takes_size = type.IsText() || type.kind == TypeKind::kDecimal || type.kind == TypeKind::kFloat;
   if (type.kind == TypeKind::kFloat) TakeWord("precision");
-  if (!takes_size || !TakeSymbol("(")) return type;
   if (type.IsText()) {
-    type.size = TakeWord("max") ? kMaxTextSize : TakeSmallNumber();
-    if (type.size < 1 || type.size > kMaxTextSize) {
-      Raise(type.size < 1 ? 1001 : 131,
-            type.size < 1 ? fmt::format("Line {}: Length or precision specification {} is invalid.",
-                                        token.line, type.size)
-                          : fmt::format("The size ({}) given to the type '{}' exceeds the maximum allowed "
-                                        "for any data type ({}).",
-                                        type.size, type.Word(), kMaxTextSize),
-            token.line);
-    }
-  } else {
-    const int precision = TakeSmallNumber();
-    const int scale = TakeSymbol(",") ? TakeSmallNumber() : 0;
-    if (type.kind == TypeKind::kDecimal) type = DecimalType(precision, scale);
-    if (precision < 1 || precision > (type.kind == TypeKind::kDecimal ? kMaxPrecision : 53)) {
-      Raise(2750,
-            fmt::format(
-                "Column or parameter: Specified column precision {} is greater than the maximum precision "
-                "of {}.",
-                precision, type.kind == TypeKind::kDecimal ? kMaxPrecision : 53),
-            token.line);
-    }
-    if (scale > precision) {
-      Raise(192, "The scale must be less than or equal to the precision.", token.line);
-    }
+    ParseTextSize(type, name);
+  } else if (type.kind == TypeKind::kDecimal || type.kind == TypeKind::kFloat) {
+    ParsePrecision(type, column);
+  }
+  return type;
+}
+
+void Parser::ParseTextSize(ColumnType& type, std::string_view column) {
+  if (!TakeSymbol("(")) return;
+  const int line = Peek().line;
+  type.size = TakeWord("max") ? kMaxTextSize : TakeSmallNumber();
+  if (type.size < 1) {
+    Raise(1001, fmt::format("Line {}: Length or precision specification {} is invalid.", line, type.size),
+          line);
+  }
+  if (type.size > kMaxTextSize) {
+    Raise(
+        131,
+        fmt::format("The size ({}) given to the {} '{}' exceeds the maximum allowed for any data type ({}).",
+                    type.size, column.empty() ? "type" : "column", column.empty() ? type.Word() : column,
+                    kMaxTextSize),
+        line);
   }
   ExpectSymbol(")");
-  return type;
+}
+
+void Parser::ParsePrecision(ColumnType& type, int column) {
+  if (!TakeSymbol("(")) return;
+  const int line = Peek().line;
+  const int precision = TakeSmallNumber();
+  const int scale = TakeSymbol(",") ? TakeSmallNumber() : 0;
+  const int most = type.kind == TypeKind::kDecimal ? kMaxPrecision : 53;
+  const std::string head = column > 0 ? fmt::format("Column or parameter #{}: S", column) : "S";
+  if (precision < 1 || precision > most) {
+    Raise(2750,
+          fmt::format("{}pecified column precision {} is greater than the maximum precision of {}.", head,
+                      precision, most),
+          line);
+  }
+  if (scale > precision) {
+    if (column == 0) Raise(192, "The scale must be less than or equal to the precision.", line);
+    Raise(2751,
+          fmt::format("{}pecified column scale {} is greater than the specified precision of {}.", head,
+                      scale, precision),
+          line);
+  }
+  if (type.kind == TypeKind::kDecimal) type = DecimalType(precision, scale);
+  ExpectSymbol(")");
 }
 
 CreateIndexStatement Parser::ParseCreateIndex(bool unique) {
@@ -182,6 +204,7 @@ AlterTableStatement Parser::ParseAlter() {
   Take();
   AlterTableStatement alter;
   alter.table = TakeNameParts();
+  if (Peek().kind == TokenKind::kEnd) FailHere();
   if (!AtWord("add") || AtWord("constraint", 1)) RefuseHere("ALTER TABLE other than ADD column");
   Take();
   do {
@@ -215,6 +238,7 @@ DeclareStatement Parser::ParseDeclare() {
     DeclareStatement::Variable variable;
     variable.name = name.text;
     variable.type = ParseTypeName(static_cast<int>(declare.variables.size()) + 1);
+    declared_.push_back(DeclaredVariable{variable.name, variable.type});
     if (TakeSymbol("=")) variable.value = ParseExpression();
     declare.variables.push_back(std::move(variable));
   } while (TakeSymbol(","));

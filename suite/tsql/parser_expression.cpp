@@ -59,28 +59,55 @@ ExpressionPtr Parser::NewBinary(ExpressionKind kind, std::string text, Expressio
 ExpressionPtr Parser::ParseExpression() {
   const DepthGuard guard(*this);
   ExpressionPtr expression = ParseSum();
+  if (expression->kind == ExpressionKind::kCompare) {
+    Raise(102, fmt::format("Incorrect syntax near '{}'.", expression->text), expression->line);
+  }
   if (IsCondition(*expression)) FailHere();
   return expression;
 }
 
 ExpressionPtr Parser::ParseCondition() {
   const DepthGuard guard(*this);
+  ExpressionPtr result = ParseOr();
+  RequireCondition(*result);
+  return result;
+}
+
+// The server has no booleans: a value is no condition. It names what stands behind it, at the end the last
+// token.
+void Parser::RequireCondition(const Expression& expression) const {
+  if (IsCondition(expression)) return;
+  const bool at_end = Peek().kind == TokenKind::kEnd && position_ > 0;
+  const Token& token = at_end ? tokens_[position_ - 1] : Peek();
+  Raise(4145,
+        fmt::format(
+            "An expression of non-boolean type specified in a context where a condition is expected, near "
+            "'{}'.",
+            token.text),
+        token.line);
+}
+
+ExpressionPtr Parser::ParseOr() {
   ExpressionPtr left = ParseAnd();
-  while (TakeWord("or")) left = NewBinary(ExpressionKind::kOr, "or", std::move(left), ParseAnd());
-  if (!IsCondition(*left)) {
-    Raise(
-        4145,
-        fmt::format("An expression of non-boolean type specified in a context where a condition is expected, "
-                    "near '{}'.",
-                    Peek().text),
-        Peek().line);
+  while (AtWord("or")) {
+    RequireCondition(*left);
+    Take();
+    ExpressionPtr right = ParseAnd();
+    RequireCondition(*right);
+    left = NewBinary(ExpressionKind::kOr, "or", std::move(left), std::move(right));
   }
   return left;
 }
 
 ExpressionPtr Parser::ParseAnd() {
   ExpressionPtr left = ParseNot();
-  while (TakeWord("and")) left = NewBinary(ExpressionKind::kAnd, "and", std::move(left), ParseNot());
+  while (AtWord("and")) {
+    RequireCondition(*left);
+    Take();
+    ExpressionPtr right = ParseNot();
+    RequireCondition(*right);
+    left = NewBinary(ExpressionKind::kAnd, "and", std::move(left), std::move(right));
+  }
   return left;
 }
 
@@ -218,8 +245,7 @@ ExpressionPtr Parser::ParseParenthesis() {
     result = NewExpression(ExpressionKind::kSubquery);
     result->query = ParseQuery();
   } else {
-    result = ParseAnd();
-    while (TakeWord("or")) result = NewBinary(ExpressionKind::kOr, "or", std::move(result), ParseAnd());
+    result = ParseOr();
   }
   ExpectSymbol(")");
   return result;

@@ -22,7 +22,7 @@ bool SplitConstraint(std::string_view message, std::string_view head, std::strin
 
 }  // namespace
 
-void Engine::Fail() const {
+void Engine::Fail(bool updating) const {
   if (functions->failure) {
     const FunctionState::Failure failure = *functions->failure;
     functions->failure.reset();
@@ -32,19 +32,17 @@ void Engine::Fail() const {
   std::string table;
   std::string column;
   if (SplitConstraint(message, "NOT NULL constraint failed: ", table, column)) {
-    Raise(
-        515,
-        fmt::format(
-            "Cannot insert the value NULL into column '{}', table '{}'; column does not allow nulls. INSERT "
-            "fails.",
-            column, table));
+    Raise(515, fmt::format("Cannot insert the value NULL into column '{}', table '{}'; column does not allow "
+                           "nulls. {} fails.",
+                           column, table, updating ? "UPDATE" : "INSERT"));
   }
   if (SplitConstraint(message, "UNIQUE constraint failed: ", table, column)) {
     Raise(2627, fmt::format("Violation of UNIQUE KEY constraint. Cannot insert duplicate key in object '{}'.",
                             table));
   }
-  if (message == "integer overflow")
+  if (message == "integer overflow") {
     Raise(8115, "Arithmetic overflow error converting expression to data type int.");
+  }
   if (message.find("Expression tree is too large") != std::string::npos ||
       message == "parser stack overflow") {
     Raise(191, std::string(kTooDeepText));
@@ -87,7 +85,8 @@ void PreparedStatement::Bind(const Variables& variables) const {
 bool PreparedStatement::Step(const Engine& engine) const {
   const int result = sqlite3_step(statement_.get());
   if (result == SQLITE_ROW) return true;
-  if (result != SQLITE_DONE) engine.Fail();
+  if (result != SQLITE_DONE)
+    engine.Fail(std::string_view(sqlite3_sql(statement_.get())).starts_with("UPDATE"));
   return false;
 }
 

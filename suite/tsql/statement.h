@@ -19,7 +19,8 @@ struct Engine {
 
   // Raises what a failed call means: the failure that a function left, a constraint in the server's words, or
   // 50000.
-  [[noreturn]] void Fail() const;
+  // `updating`: an UPDATE failed.
+  [[noreturn]] void Fail(bool updating = false) const;
   void Run(const std::string& sql) const;
 };
 

@@ -216,8 +216,15 @@ struct Statement {
       body;
 };
 
+struct DeclaredVariable {
+  std::string name;
+  ColumnType type;
+};
+
 struct Batch {
   std::vector<StatementPtr> statements;
+  // All of the batch: a variable is there from the start, wherever its DECLARE stands.
+  std::vector<DeclaredVariable> variables;
   int statement_count = 0;  // ids run from 0 below this
 };
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "suite/tsql/error.h"
+#include "suite/tsql/function_names.h"
 #include "suite/tsql/translator.h"
 
 namespace salerpt::tsql {
@@ -13,6 +14,36 @@ bool HasSubquery(const Expression& e) {
   if (e.query != nullptr) return true;
   return std::any_of(e.args.begin(), e.args.end(),
                      [](const ExpressionPtr& arg) { return HasSubquery(*arg); });
+}
+
+// VALUES sees no table.
+void CheckNoColumns(const Expression& e) {
+  if (e.kind == ExpressionKind::kColumn) {
+    Raise(128,
+          fmt::format(
+              "The name \"{}\" is not permitted in this context. Valid expressions are constants, constant "
+              "expressions, and (in some contexts) variables. Column names are not permitted.",
+              fmt::join(e.name, ".")));
+  }
+  const bool date_part = e.kind == ExpressionKind::kFunction && e.text.starts_with("date");
+  for (std::size_t i = date_part ? 1 : 0; i < e.args.size(); ++i) CheckNoColumns(*e.args[i]);
+}
+
+[[noreturn]] void RaiseTwice(std::string_view column) {
+  Raise(
+      264,
+      fmt::format(
+          "The column name '{}' is specified more than once in the SET clause or column list of an INSERT. A "
+          "column cannot be assigned more than one value in the same clause. Modify the clause to make sure "
+          "that a column is updated only once. If this statement updates or inserts columns into a view, "
+          "column aliasing can conceal the duplication in your code.",
+          column));
+}
+
+bool HasAggregate(const Expression& e) {
+  if (e.kind == ExpressionKind::kFunction && IsAggregateFunction(e.text)) return true;
+  return std::any_of(e.args.begin(), e.args.end(),
+                     [](const ExpressionPtr& arg) { return HasAggregate(*arg); });
 }
 
 // Looks into a join for the entry that an UPDATE or DELETE means.
@@ -83,24 +114,32 @@ Plan Translator::TranslateInto(const QueryBlock& block, const Query& query) {
                 column.name, table.name));
     }
     table.columns.push_back(std::move(column));
-    // Loops look such rows up one by one.
     const bool item = i < block.items.size() && block.items.size() == result.columns.size();
-    if (item && block.items[i].expression->kind == ExpressionKind::kRowNumber) {
-      plan.into_indexes.push_back(table.columns.back().name);
-    }
-    if (item && block.items[i].expression->kind == ExpressionKind::kColumn && block.from.size() == 1 &&
-        block.from[0]->left == nullptr && block.from[0]->query == nullptr) {
-      const TablePtr from = catalog_.Get(block.from[0]->name);
-      const int identity = from->Identity();
-      const std::string& name = block.items[i].expression->name.back();
-      if (identity >= 0 && from->Find(name) == identity)
-        plan.into_indexes.push_back(table.columns.back().name);
-    }
+    if (item) DescribeIntoColumn(query, *block.items[i].expression, plan);
   }
   plan.sql = fmt::format("INSERT INTO {} {}", table.sql, result.text);
   plan.target = table.name;
   plan.indexes = std::move(indexes_);
   return plan;
+}
+
+// Loops look up rows by a row number or an identity number that they took along: such columns get an index. A
+// taken-along identity goes on counting, unless the rows come in an order of their own, which they must keep.
+void Translator::DescribeIntoColumn(const Query& query, const Expression& e, Plan& plan) {
+  const QueryBlock& block = query.blocks[0];
+  ColumnInfo& column = plan.into.columns.back();
+  if (e.kind == ExpressionKind::kRowNumber) plan.into_indexes.push_back(column.name);
+  const bool one_table =
+      block.from.size() == 1 && block.from[0]->left == nullptr && block.from[0]->query == nullptr;
+  if (e.kind != ExpressionKind::kColumn || !one_table) return;
+  const TablePtr from = catalog_.Get(block.from[0]->name);
+  if (from->Identity() < 0 || from->Find(e.name.back()) != from->Identity()) return;
+  const bool ordered = !query.order_by.empty() || block.distinct || block.grouping != Grouping::kNone;
+  if (ordered || query.blocks.size() > 1 || plan.into.Identity() >= 0) {
+    plan.into_indexes.push_back(column.name);
+  } else {
+    column.identity = true;
+  }
 }
 
 std::vector<int> Translator::InsertColumns(const InsertStatement& statement, const TableInfo& table) const {
@@ -115,11 +154,7 @@ std::vector<int> Translator::InsertColumns(const InsertStatement& statement, con
     const int column = table.Find(name);
     if (column < 0) RaiseInvalidColumn(name);
     if (std::find(columns.begin(), columns.end(), column) != columns.end()) {
-      Raise(264,
-            fmt::format(
-                "The column name '{}' is specified more than once in the SET clause or column list of an "
-                "INSERT. A column cannot be assigned more than one value in the same clause.",
-                name));
+      RaiseTwice(name);
     }
     if (table.columns[static_cast<std::size_t>(column)].identity) {
       Raise(544,
@@ -178,6 +213,9 @@ std::string Translator::ValuesSql(const InsertStatement& statement, const TableI
   const Scope empty;
   std::string rows;
   for (const std::vector<ExpressionPtr>& row : statement.values) {
+    if (row.size() != statement.values[0].size()) {
+      Raise(10709, "The number of columns for each row in a table value constructor must be the same.");
+    }
     if (row.size() != columns.size()) {
       if (statement.columns.empty()) Raise(213, std::string(kInsertColumnsText));
       const bool more = row.size() > columns.size();
@@ -192,9 +230,10 @@ std::string Translator::ValuesSql(const InsertStatement& statement, const TableI
     }
     std::string cells;
     for (std::size_t i = 0; i < row.size(); ++i) {
-      if (row[i] == nullptr) RaiseNotSupported("DEFAULT in VALUES", line_);
       const ColumnInfo& info = table.columns[static_cast<std::size_t>(columns[i])];
-      cells += cells.empty() ? "" : ",";
+      if (!cells.empty()) cells += ',';
+      if (row[i] == nullptr) RaiseNotSupported("DEFAULT in VALUES", line_);
+      CheckNoColumns(*row[i]);
       cells += Convert(Value(*row[i], empty), info.type, ConvertMode::kStore).text;
     }
     rows += fmt::format("{}({})", rows.empty() ? "VALUES " : ",", cells);
@@ -223,19 +262,18 @@ std::string Translator::Assignments(const UpdateStatement& statement, const Tabl
   std::vector<int> seen;
   for (const Assignment& assignment : statement.assignments) {
     if (assignment.column.empty()) RaiseNotSupported("SET @variable in an UPDATE", line_);
-    if (assignment.value == nullptr) RaiseNotSupported("SET column = DEFAULT", line_);
     const int column = table.Find(assignment.column.back());
     if (column < 0) RaiseInvalidColumn(assignment.column.back());
     if (std::find(seen.begin(), seen.end(), column) != seen.end()) {
-      Raise(264,
-            fmt::format(
-                "The column name '{}' is specified more than once in the SET clause or column list of an "
-                "INSERT. A column cannot be assigned more than one value in the same clause.",
-                assignment.column.back()));
+      RaiseTwice(assignment.column.back());
     }
     seen.push_back(column);
     const ColumnInfo& info = table.columns[static_cast<std::size_t>(column)];
     if (info.identity) Raise(8102, fmt::format("Cannot update identity column '{}'.", info.name));
+    if (assignment.value == nullptr) RaiseNotSupported("SET column = DEFAULT", line_);
+    if (HasAggregate(*assignment.value)) {
+      Raise(157, "An aggregate may not appear in the set list of an UPDATE statement.");
+    }
     const Sql value = Convert(Value(*assignment.value, scope), info.type, ConvertMode::kStore);
     if (through_rows) selected += fmt::format(",{} AS v{}", value.text, seen.size());
     sets += fmt::format("{}{}={}", sets.empty() ? "" : ",", QuoteName(info.name),
@@ -291,7 +329,10 @@ Plan Translator::TranslateDelete(const DeleteStatement& statement) {
   const std::string from = FromList(statement.from, scope);
   const int target = FindTarget(statement.target, scope);
   if (target < 0) {
-    if (!from.empty()) RaiseNotSupported("DELETE of a table that its FROM does not name", line_);
+    if (!from.empty()) {
+      catalog_.Get(statement.target);
+      RaiseNotSupported("DELETE of a table that its FROM does not name", line_);
+    }
     Source source;
     source.sql_alias = NewAlias();
     source.table = catalog_.Get(statement.target);

@@ -18,6 +18,12 @@ bool HasAggregate(const Expression& e) {
                      [](const ExpressionPtr& arg) { return HasAggregate(*arg); });
 }
 
+bool HasRowNumber(const Expression& e) {
+  if (e.kind == ExpressionKind::kRowNumber) return true;
+  return std::any_of(e.args.begin(), e.args.end(),
+                     [](const ExpressionPtr& arg) { return HasRowNumber(*arg); });
+}
+
 bool IsGrouped(const QueryBlock& block, const std::vector<OrderItem>& order) {
   if (!block.group_by.empty() || block.having != nullptr) return true;
   for (const SelectItem& item : block.items) {
@@ -159,7 +165,12 @@ QuerySql Translator::TranslateBlock(const QueryBlock& block, const std::vector<O
   state.scope.parent = parent;
   state.source = FromList(block.from, state.scope);
   if (!state.source.empty()) state.source.insert(0, " FROM ");
-  if (block.where != nullptr) state.source += " WHERE " + Condition(*block.where, state.scope);
+  if (block.where != nullptr) {
+    if (HasRowNumber(*block.where)) {
+      Raise(4108, "Windowed functions can only appear in the SELECT or ORDER BY clauses.");
+    }
+    state.source += " WHERE " + Condition(*block.where, state.scope);
+  }
   if (parent != nullptr) RequestIndexes(block, state.scope);
   OpenGroups(block, order, plan, state);
   TranslateClauses(block, order, state);
@@ -362,6 +373,31 @@ void Translator::ExpandStar(const Expression& star, const Scope& scope, std::vec
   }
 }
 
+// The place in the select list that an ORDER BY item means by number or by a name made up there; -1 when it
+// means neither.
+int Translator::OrderPosition(const Expression& e, const QueryBlock& block, const std::vector<Sql>& items,
+                              const std::vector<Column>& columns, bool of_union) const {
+  if (e.kind == ExpressionKind::kInteger) {
+    const auto position = static_cast<int>(ReadInteger(e.text).value_or(0)) - 1;
+    if (position < 0 || position >= static_cast<int>(items.size())) {
+      Raise(108,
+            fmt::format(
+                "The ORDER BY position number {} is out of range of the number of items in the select list.",
+                e.text));
+    }
+    return position;
+  }
+  if (e.kind != ExpressionKind::kColumn || e.name.size() != 1) return -1;
+  int found = -1;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (!EqualNames(columns[i].name, e.name[0])) continue;
+    const bool aliased = i < block.items.size() && !block.items[i].alias.empty();
+    if (found >= 0 && aliased && !of_union) Raise(209, fmt::format("Ambiguous column name '{}'.", e.name[0]));
+    if (found < 0 && (of_union || aliased || i >= block.items.size())) found = static_cast<int>(i);
+  }
+  return found;
+}
+
 std::string Translator::OrderList(const std::vector<OrderItem>& order, const QueryBlock& block,
                                   const std::vector<Sql>& items, const std::vector<Column>& columns,
                                   const Scope& scope) {
@@ -369,36 +405,33 @@ std::string Translator::OrderList(const std::vector<OrderItem>& order, const Que
   const bool of_union = scope.sources.empty() && !block.from.empty();
   for (const OrderItem& item : order) {
     const Expression& e = *item.expression;
-    int ordinal = -1;
-    if (e.kind == ExpressionKind::kInteger) {
-      ordinal = static_cast<int>(ReadInteger(e.text).value_or(0)) - 1;
-      if (ordinal < 0 || ordinal >= static_cast<int>(items.size())) {
-        Raise(108, fmt::format(
-                       "The ORDER BY position number {} is out of range of the number of items in the select "
-                       "list.",
-                       e.text));
-      }
-    } else if (e.kind == ExpressionKind::kColumn && e.name.size() == 1) {
-      // A name means the select list first. Only there a made-up name can stand.
-      for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!EqualNames(columns[i].name, e.name[0])) continue;
-        const bool made_up = of_union || i >= block.items.size() || !block.items[i].alias.empty();
-        if (made_up && ordinal < 0) ordinal = static_cast<int>(i);
-      }
+    if (e.kind == ExpressionKind::kText || e.kind == ExpressionKind::kDecimal) {
+      Raise(408, fmt::format("A constant expression was encountered in the ORDER BY list, position {}.",
+                             parts.size() + 1));
     }
+    int position = OrderPosition(e, block, items, columns, of_union);
     std::string text;
-    if (ordinal >= 0) {
-      const Sql& target = items[static_cast<std::size_t>(ordinal)];
-      text = std::to_string(ordinal + 1);
-      if (target.type.IsText() && !target.nocase) text += " COLLATE NOCASE";
-    } else {
+    if (position < 0) {
       if (of_union) {
         Raise(104,
               "ORDER BY items must appear in the select list if the statement contains a UNION, INTERSECT or "
               "EXCEPT "
               "operator.");
       }
-      text = Collated(Value(e, scope));
+      const Sql value = Value(e, scope);
+      text = Collated(value);
+      if (block.distinct) {
+        const auto same = [&](const Sql& other) { return other.text == value.text; };
+        position = static_cast<int>(std::find_if(items.begin(), items.end(), same) - items.begin());
+        if (position == static_cast<int>(items.size())) {
+          Raise(145, "ORDER BY items must appear in the select list if SELECT DISTINCT is specified.");
+        }
+      }
+    }
+    if (position >= 0) {
+      const Sql& target = items[static_cast<std::size_t>(position)];
+      text = std::to_string(position + 1);
+      if (target.type.IsText() && !target.nocase) text += " COLLATE NOCASE";
     }
     parts.push_back(text + (item.descending ? " DESC" : ""));
   }
@@ -409,7 +442,9 @@ std::string Translator::Limit(const QueryBlock& block) {
   if (block.top == nullptr) return {};
   const Scope empty;
   const Sql count = Convert(Value(*block.top, empty), IntegerType(TypeKind::kBigInt), ConvertMode::kImplicit);
-  return " LIMIT " + count.text;
+  // A count below zero would be no limit at all.
+  return block.top->kind == ExpressionKind::kInteger ? " LIMIT " + count.text
+                                                     : fmt::format(" LIMIT ts_top({})", count.text);
 }
 
 }  // namespace salerpt::tsql

@@ -164,11 +164,14 @@ class Translator {
   std::string OrderList(const std::vector<OrderItem>& order, const QueryBlock& block,
                         const std::vector<Sql>& items, const std::vector<Column>& columns,
                         const Scope& scope);
+  int OrderPosition(const Expression& e, const QueryBlock& block, const std::vector<Sql>& items,
+                    const std::vector<Column>& columns, bool of_union) const;
   std::string Limit(const QueryBlock& block);
   void RequestIndexes(const QueryBlock& block, const Scope& scope);
 
   // Changes.
   Plan TranslateInto(const QueryBlock& block, const Query& query);
+  void DescribeIntoColumn(const Query& query, const Expression& e, Plan& plan);
   std::vector<int> InsertColumns(const InsertStatement& statement, const TableInfo& table) const;
   std::string ValuesSql(const InsertStatement& statement, const TableInfo& table,
                         const std::vector<int>& columns);

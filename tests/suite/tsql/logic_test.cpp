@@ -15,6 +15,7 @@ class Collector final : public RowSink {
  public:
   void BeginRows(std::span<const Column> columns) override {
     columns_.assign(columns.begin(), columns.end());
+    any = true;
     types.clear();
     for (const Column& column : columns) types += Letter(column.type);
   }
@@ -29,6 +30,7 @@ class Collector final : public RowSink {
   }
   void EndRows() override {}
 
+  bool any = false;
   std::string types;
   std::vector<std::string> rows;
 
@@ -113,7 +115,10 @@ class LogicTest : public testing::TestWithParam<std::filesystem::path> {
       std::sort(expected.begin(), expected.end());
       std::sort(rows.rows.begin(), rows.rows.end());
     }
-    if (rows.types != entry.types) Report(entry, "has the types " + rows.types + ", not " + entry.types);
+    // A batch may take a way on which no select stands.
+    const bool nothing = !rows.any && expected.empty();
+    if (!nothing && rows.types != entry.types)
+      Report(entry, "has the types " + rows.types + ", not " + entry.types);
     if (rows.rows != expected) Report(entry, "gave\n" + Joined(rows.rows) + "and not\n" + Joined(expected));
   }
 
