@@ -32,7 +32,7 @@ std::size_t Dictionary::SlotOf(std::string_view key) const {
 
 void Dictionary::IndexLastEntry() {
   const auto count = static_cast<std::uint32_t>(entries_.size());
-  if (count * 2 <= slots_.size()) {
+  if (std::size_t{count} * 2 <= slots_.size()) {
     slots_[SlotOf(entries_.back().key)] = count;
     return;
   }
@@ -56,9 +56,9 @@ const Variant& Dictionary::Get(std::string_view key) const {
   return entry == nullptr ? empty : entry->value;
 }
 
-Variant Dictionary::GetValue(std::string_view key, Variant absent) const {
+Variant Dictionary::GetValue(std::string_view key, const Variant& absent) const {
   const Entry* entry = Find(key);
-  return entry == nullptr ? std::move(absent) : entry->value;
+  return entry == nullptr ? absent : entry->value;
 }
 
 bool Dictionary::Lookup(std::string_view key) const {

@@ -31,7 +31,7 @@ class Dictionary final : public Object {
   // The value of a key; an empty value where the key was never set, which is no error.
   [[nodiscard]] const Variant& Get(std::string_view key) const;
   // The value of a key, or `absent` where it was never set.
-  [[nodiscard]] Variant GetValue(std::string_view key, Variant absent) const;
+  [[nodiscard]] Variant GetValue(std::string_view key, const Variant& absent) const;
   // True where the key is there, whatever its value.
   [[nodiscard]] bool Lookup(std::string_view key) const;
   void Set(std::string_view key, Variant value);

@@ -545,7 +545,7 @@ ObjectRef Rpt128::GetDetailReport(std::int32_t row) {
     if (sum_mode == 4 || sum_mode == 12) customer("FCustNumber");
   }
 
-  const ObjectRef detail = CreateObject("ORVSaleRpt.Rpt129");
+  ObjectRef detail = CreateObject("ORVSaleRpt.Rpt129");
   LetMember(detail, "RptID", 128);
   SetMember(detail, "Filter", detail_filter);
   LetMember(detail, "ExtFirter", 129);

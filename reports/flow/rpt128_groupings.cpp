@@ -96,7 +96,7 @@ DictionaryRef Rpt128::BuildByProperty() {
   // always been those of known customers.
   const std::string customer_bound = Join(" AND t2.", CodeField(), ">=", QuoteSql(filter.Get("BCustNumber")));
 
-  const DictionaryRef request = GroupedRequest(fill_text_, create, std::move(insert), customer_bound, group_by);
+  DictionaryRef request = GroupedRequest(fill_text_, create, std::move(insert), customer_bound, group_by);
   request->Set("Filter", condition_);
   if (!by_customer) return request;
 
@@ -197,7 +197,7 @@ DictionaryRef Rpt128::BuildByOwnGroup(const OwnGroup& group) {
 
   const std::string create = Join("CREATE TABLE #DATA(\r\n", group.create_columns, column_definitions_, group.create_end);
   std::string insert = Join(group.select, value_list_, group.sum_sort, group.from, where_text_, "\r\n");
-  const DictionaryRef request = GroupedRequest(fill, create, std::move(insert), "", group.group_by);
+  DictionaryRef request = GroupedRequest(fill, create, std::move(insert), "", group.group_by);
   // The re-sort line of these batches has its blanks elsewhere.
   request->Set("Append", Replace(request->Get("Append").ToText(), "From #TemOrder  order by RowId ",
                                  "From #TemOrder order by RowId  "));
@@ -319,7 +319,7 @@ DictionaryRef Rpt128::BuildWithEmployee(int sum_mode) {
       "##CUSRNUMBER##", number);
   const std::string group_by = Replace(" GROUP BY v1.FPropName, v1.FEmpName, t1.FNumber ##GRUOPBYNUM## WITH ROLLUP ",
                                        "##GRUOPBYNUM##", by_customer ? ",t2.FNumber" : "");
-  const DictionaryRef request = BuildByOwnGroup({
+  DictionaryRef request = BuildByOwnGroup({
       .column_definition = "         FPropName varchar(255) null , \r\n"
                            "         FEmpName varchar(255) null , \r\n",
       .columns = "FPropName,FEmpName,",

@@ -143,10 +143,16 @@ void PatIndex(const Call& call) {
   call.Return(std::int64_t{0});
 }
 
-// ts_like(pattern, text[, escape])
+// ts_like(pattern, text[, escape]): blanks at the end of the text may fall away.
 void Like(const Call& call) {
   const char escape = call.Count() > 2 && !call.Text(2).empty() ? call.Text(2).front() : '\0';
-  call.Return(std::int64_t{MatchesPattern(call.Text(0), call.Text(1), escape) ? 1 : 0});
+  std::string_view text = call.Text(1);
+  bool matches = MatchesPattern(call.Text(0), text, escape);
+  while (!matches && text.ends_with(' ')) {
+    text.remove_suffix(1);
+    matches = MatchesPattern(call.Text(0), text, escape);
+  }
+  call.Return(std::int64_t{matches ? 1 : 0});
 }
 
 void DataLength(const Call& call) {

@@ -97,7 +97,14 @@ class Session::Impl {
 };
 
 Session::Session(sqlite3* connection) : impl_(std::make_unique<Impl>(connection)) {}
-Session::~Session() = default;
+
+// As the server does when a connection ends. What cannot be dropped any more goes with the connection itself.
+Session::~Session() {
+  try {
+    impl_->DropTemporaryTables();
+  } catch (const TsqlError&) {
+  }
+}
 
 void Session::Execute(std::string_view batch, RowSink& sink) {
   impl_->Execute(batch, sink);

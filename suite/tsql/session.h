@@ -80,6 +80,7 @@ class Session {
   // Registers its functions, its collation and an in-memory temporary store on the connection, which it does
   // not own and which must outlive it. One session a connection.
   explicit Session(sqlite3* connection);
+  // Drops the temporary tables that are left.
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;

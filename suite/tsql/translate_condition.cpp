@@ -150,7 +150,9 @@ std::string Translator::Like(const Expression& e, const Scope& scope) {
     return fmt::format("({}ts_like({}, {}, {}))", negation, pattern.text, text.text,
                        Value(*e.args[2], scope).text);
   }
-  if (e.args[1]->kind == ExpressionKind::kText) {
+  // Where blanks at the end of the text may fall away, only our own function knows how.
+  const bool national = text.type.kind >= TypeKind::kNChar && text.type.IsText();
+  if (e.args[1]->kind == ExpressionKind::kText && (national || pattern.constant.ends_with('%'))) {
     const std::string plain = PlainPattern(pattern.constant);
     if (!plain.empty()) return fmt::format("({} {}LIKE {})", text.text, negation, plain);
   }

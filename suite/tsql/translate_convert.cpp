@@ -178,8 +178,8 @@ Sql Translator::ToInteger(Sql value, const ColumnType& to) {
   // Money rounds where other numbers are cut.
   if (value.type.kind == TypeKind::kMoney) value.text = fmt::format("ts_round({},0)", value.text);
   result.literal = false;
-  result.text = IsNational(value.type) ? fmt::format("ts_int({},{},'nvarchar')", value.text, kind)
-                                       : fmt::format("ts_int({},{})", value.text, kind);
+  const std::string_view word = IsNational(value.type) ? ",'nvarchar'" : value.type.IsApproximate() ? ",'float'" : "";
+  result.text = fmt::format("ts_int({},{}{})", value.text, kind, word);
   return result;
 }
 
