@@ -34,7 +34,13 @@ void ToInt(const Call& call) {
       break;
     case SQLITE_FLOAT: {
       const double number = call.Double(0);
-      if (!(std::fabs(number) < kInt64Limit)) {
+      const bool huge = !(std::fabs(number) < kInt64Limit);
+      if (FromWord(call, 2) == "float" && kind != TypeKind::kBit &&
+          (huge || !FitsInteger(static_cast<std::int64_t>(number), kind))) {
+        Raise(232, fmt::format("Arithmetic overflow error for type {}, value = {:.6f}.",
+                               IntegerType(kind).Word(), number));
+      }
+      if (huge) {
         Raise(8115, fmt::format("Arithmetic overflow error converting expression to data type {}.",
                                 IntegerType(kind).Word()));
       }
@@ -172,6 +178,10 @@ void IsNumeric(const Call& call) {
   call.Return(std::int64_t{numeric ? 1 : 0});
 }
 
+void Xor(const Call& call) {
+  call.Return(call.Integer(0) ^ call.Integer(1));
+}
+
 void Top(const Call& call) {
   if (call.Integer(0) < 0) Raise(127, "A TOP N value may not be negative.");
   call.Return(call.Integer(0));
@@ -209,6 +219,7 @@ constexpr FunctionDefinition kFunctions[] = {
     {"ts_isnumeric", 1, &IsNumeric},
     {"ts_var", 1, &VariableNow, false},
     {"ts_top", 1, &Top},
+    {"ts_xor", 2, &Xor},
 };
 
 }  // namespace

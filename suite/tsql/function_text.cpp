@@ -105,12 +105,14 @@ void Replicate(const Call& call) {
 }
 
 void Reverse(const Call& call) {
-  std::string_view text = call.Text(0);
+  const std::string_view text = call.Text(0);
   std::string result;
-  while (!text.empty()) {
-    const std::size_t last = OffsetOfCharacter(text, CountCharacters(text) - 1);
-    result += text.substr(last);
-    text = text.substr(0, last);
+  result.reserve(text.size());
+  for (std::size_t end = text.size(); end > 0;) {
+    std::size_t start = end - 1;
+    while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0) == 0x80) --start;
+    result += text.substr(start, end - start);
+    end = start;
   }
   call.Return(std::string_view(result));
 }
@@ -130,15 +132,16 @@ void Char(const Call& call) {
 
 void PatIndex(const Call& call) {
   std::string_view pattern = call.Text(0);
-  const std::string_view text = call.Text(1);
+  std::string_view text = call.Text(1);
   const bool anywhere = pattern.starts_with('%');
   while (pattern.starts_with('%')) pattern.remove_prefix(1);
-  const std::size_t size = CountCharacters(text);
-  for (std::size_t i = 0; i <= (anywhere ? size : 0); ++i) {
-    if (MatchesPattern(pattern, text.substr(OffsetOfCharacter(text, i)))) {
-      call.Return(static_cast<std::int64_t>(i) + (i < size || size == 0 ? 1 : 0));
+  for (std::int64_t place = 1;; ++place) {
+    if (MatchesPattern(pattern, text)) {
+      call.Return(text.empty() && place > 1 ? place - 1 : place);
       return;
     }
+    if (!anywhere || text.empty()) break;
+    text.remove_prefix(OffsetOfCharacter(text, 1));
   }
   call.Return(std::int64_t{0});
 }

@@ -12,7 +12,7 @@
 namespace salerpt::tsql {
 namespace {
 
-constexpr int kMaxDepth = 150;
+constexpr int kMaxDepth = 300;
 constexpr std::size_t kMaxNameParts = 4;
 
 // Sorted, in capitals.

@@ -133,13 +133,20 @@ std::string Translator::In(const Expression& e, const Scope& scope) {
 }
 
 std::string Translator::Between(const Expression& e, const Scope& scope) {
-  std::string from = FoldDayCompare(">=", *e.args[0], *e.args[1], scope);
-  std::string to = FoldDayCompare("<=", *e.args[0], *e.args[2], scope);
-  if (from.empty() || to.empty()) {
-    from = Compare(">=", Value(*e.args[0], scope), Value(*e.args[1], scope));
-    to = Compare("<=", Value(*e.args[0], scope), Value(*e.args[2], scope));
-  }
-  return fmt::format("{}({} AND {})", e.negated ? "NOT " : "", from, to);
+  const char* negation = e.negated ? "NOT " : "";
+  const std::string from = FoldDayCompare(">=", *e.args[0], *e.args[1], scope);
+  const std::string to = FoldDayCompare("<=", *e.args[0], *e.args[2], scope);
+  if (!from.empty() && !to.empty()) return fmt::format("({}({} AND {}))", negation, from, to);
+  // The value stands once in the translation: written out twice, nested ranges would double it at every
+  // level.
+  Sql value = Value(*e.args[0], scope);
+  Sql low = Value(*e.args[1], scope);
+  Sql high = Value(*e.args[2], scope);
+  const ColumnType common = CommonType(CommonType(value.type, low.type), high.type);
+  value = Exact(Convert(std::move(value), common, ConvertMode::kImplicit));
+  low = Exact(Convert(std::move(low), common, ConvertMode::kImplicit));
+  high = Exact(Convert(std::move(high), common, ConvertMode::kImplicit));
+  return fmt::format("({} {}BETWEEN {} AND {})", Collated(value), negation, low.text, high.text);
 }
 
 std::string Translator::Like(const Expression& e, const Scope& scope) {

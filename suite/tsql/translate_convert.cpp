@@ -178,7 +178,9 @@ Sql Translator::ToInteger(Sql value, const ColumnType& to) {
   // Money rounds where other numbers are cut.
   if (value.type.kind == TypeKind::kMoney) value.text = fmt::format("ts_round({},0)", value.text);
   result.literal = false;
-  const std::string_view word = IsNational(value.type) ? ",'nvarchar'" : value.type.IsApproximate() ? ",'float'" : "";
+  const std::string_view word = IsNational(value.type)       ? ",'nvarchar'"
+                                : value.type.IsApproximate() ? ",'float'"
+                                                             : "";
   result.text = fmt::format("ts_int({},{}{})", value.text, kind, word);
   return result;
 }

@@ -211,7 +211,7 @@ Sql Translator::Arithmetic(char op, Sql a, Sql b, const Expression& e) {
                              b.type.Word(), op));
     }
     result.type = CommonType(a.type, b.type);
-    result.text = op == '^' ? fmt::format("(({0} | {1}) - ({0} & {1}))", a.text, b.text)
+    result.text = op == '^' ? fmt::format("ts_xor({},{})", a.text, b.text)
                             : fmt::format("({} {} {})", a.text, e.text, b.text);
     return result;
   }
@@ -280,6 +280,29 @@ bool Translator::NeverZero(const Expression& e, const Scope& scope) {
   return SameExpression(*guarded, *e.args[2], scope);
 }
 
+// What stands behind each WHEN. The operand, which `head` gets, stands once in the translation.
+std::vector<std::string> Translator::CaseConditions(const Expression& e, const Scope& scope, std::size_t end,
+                                                    std::string& head) {
+  std::vector<std::string> conditions;
+  if (!e.has_operand) {
+    for (std::size_t i = 0; i < end; i += 2) conditions.push_back(Condition(*e.args[i], scope));
+    return conditions;
+  }
+  Sql operand = Value(*e.args[0], scope);
+  ColumnType common = operand.type;
+  std::vector<Sql> values;
+  for (std::size_t i = 1; i < end; i += 2) {
+    values.push_back(Value(*e.args[i], scope));
+    common = CommonType(common, values.back().type);
+  }
+  head += ' ';
+  head += Collated(Exact(Convert(std::move(operand), common, ConvertMode::kImplicit)));
+  for (Sql& value : values) {
+    conditions.push_back(Exact(Convert(std::move(value), common, ConvertMode::kImplicit)).text);
+  }
+  return conditions;
+}
+
 Sql Translator::Case(const Expression& e, const Scope& scope) {
   const std::size_t first = e.has_operand ? 1 : 0;
   const std::size_t pairs_end = e.args.size() - (e.has_else ? 1 : 0);
@@ -306,10 +329,8 @@ Sql Translator::Case(const Expression& e, const Scope& scope) {
   result.nonzero = NeverZero(e, scope);
   result.text = "CASE";
   std::size_t branch = 0;
-  for (std::size_t i = first; i < pairs_end; i += 2) {
-    const std::string condition = e.has_operand
-                                      ? Compare("=", Value(*e.args[0], scope), Value(*e.args[i], scope))
-                                      : Condition(*e.args[i], scope);
+  const std::vector<std::string> conditions = CaseConditions(e, scope, pairs_end, result.text);
+  for (const std::string& condition : conditions) {
     result.text += fmt::format(" WHEN {} THEN {}", condition, results[branch++].text);
   }
   if (e.has_else) result.text += " ELSE " + results.back().text;

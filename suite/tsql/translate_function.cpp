@@ -104,10 +104,13 @@ Sql Translator::Function(const Expression& e, const Scope& scope) {
   RaiseNotSupported(UpperCase(e.text), e.line);
 }
 
-Sql Translator::Text(const Expression& e, const Scope& scope) {
-  Sql value = Value(e, scope);
+Sql Translator::AsText(Sql value) {
   if (value.type.kind == TypeKind::kNull) value.type = TextType(1);
   return Convert(std::move(value), TextType(kMaxTextSize), ConvertMode::kImplicit);
+}
+
+Sql Translator::Text(const Expression& e, const Scope& scope) {
+  return AsText(Value(e, scope));
 }
 
 Sql Translator::Int(const Expression& e, const Scope& scope) {
@@ -186,7 +189,12 @@ Sql Translator::TextFunction(const Expression& e, const Scope& scope, bool& know
     known = false;
     return {};
   }
-  const Sql text = Text(*e.args[0], scope);
+  Sql given = Value(*e.args[0], scope);
+  if (name == "substring" && !given.type.IsText() && given.type.kind != TypeKind::kNull) {
+    Raise(8116, fmt::format("Argument data type {} is invalid for argument 1 of substring function.",
+                            given.type.Word()));
+  }
+  const Sql text = AsText(std::move(given));
   const TypeKind kind = text.type.kind >= TypeKind::kNChar ? TypeKind::kNVarChar : TypeKind::kVarChar;
   const int size = text.type.size;
   if (name == "substring" || name == "left" || name == "right") return PartFunction(e, text, scope);
@@ -217,11 +225,6 @@ Sql Translator::PartFunction(const Expression& e, const Sql& text, const Scope& 
   const std::string first = Int(*e.args[1], scope).text;
   if (e.text != "substring")
     return MakeText(fmt::format("ts_{}({},{})", e.text, text.text, first), text.type.size, kind);
-  const ColumnType given = Value(*e.args[0], scope).type;
-  if (!given.IsText() && given.kind != TypeKind::kNull) {
-    Raise(8116, fmt::format("Argument data type {} is invalid for argument 1 of substring function.",
-                            given.Word()));
-  }
   const int start = LiteralCount(*e.args[1]);
   const int count = LiteralCount(*e.args[2]);
   if (start > 0 && count >= 0) {
@@ -374,13 +377,24 @@ Sql Translator::Coalesce(const Expression& e, const Scope& scope) {
 }
 
 Sql Translator::NullIf(const Expression& e, const Scope& scope) {
-  const Sql value = Value(*e.args[0], scope);
-  Sql result = value;
+  Sql result = Value(*e.args[0], scope);
+  const Sql other = Value(*e.args[1], scope);
+  const bool alike =
+      result.type.IsNumber() == other.type.IsNumber() && result.type.IsDate() == other.type.IsDate();
+  const std::string collated = Collated(result);
+  Sql inner;
+  inner.type = result.type;
+  inner.exact = result.exact;
+  inner.text = std::string(1, 'x');
   result.nocase = false;
   result.literal = false;
   result.nonzero = false;
-  result.text = fmt::format("CASE WHEN {} THEN NULL ELSE {} END",
-                            Compare("=", value, Value(*e.args[1], scope)), value.text);
+  if (alike || result.type.kind == TypeKind::kNull || other.type.kind == TypeKind::kNull) {
+    result.text = fmt::format("nullif({},{})", collated, other.text);
+  } else {
+    result.text = fmt::format("(SELECT CASE WHEN {} THEN NULL ELSE x END FROM (SELECT {} AS x))",
+                              Compare("=", inner, other), result.text);
+  }
   return result;
 }
 

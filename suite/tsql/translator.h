@@ -88,6 +88,8 @@ class Translator {
   Sql Divide(char op, Sql a, Sql b, const ColumnType& type);
   Sql DateArithmetic(char op, Sql a, Sql b);
   Sql Case(const Expression& e, const Scope& scope);
+  std::vector<std::string> CaseConditions(const Expression& e, const Scope& scope, std::size_t end,
+                                          std::string& head);
   Sql ConvertValue(const Expression& e, const Scope& scope);
   Sql Subquery(const Expression& e, const Scope& scope);
   Sql RowNumber(const Expression& e, const Scope& scope);
@@ -116,6 +118,7 @@ class Translator {
   Sql Coalesce(const Expression& e, const Scope& scope);
   Sql NullIf(const Expression& e, const Scope& scope);
   Sql ObjectId(const Expression& e);
+  Sql AsText(Sql value);
   Sql Text(const Expression& e, const Scope& scope);
   Sql Int(const Expression& e, const Scope& scope);
   Sql Date(const Expression& e, const Scope& scope);

@@ -167,6 +167,24 @@ TEST(Session, RefusesNestingThatWouldExhaustTheStack) {
   EXPECT_THAT(world.Failure(blocks), StartsWith("191@1"));
 }
 
+// Each of these once stood twice in its translation, which then doubled with every level.
+TEST(Session, TranslatesNestedCallsInTimeThatGrowsWithTheirText) {
+  MemoryWorld world;
+  const auto nested = [](const std::string& head, const std::string& tail, std::string inner,
+                         int levels = 22) {
+    for (int i = 0; i < levels; ++i) inner = head + inner + tail;
+    return "SELECT " + inner;
+  };
+  EXPECT_THAT(world.Rows(nested("substring(", ",1,9)", "'abc'")), ElementsAre("abc"));
+  EXPECT_THAT(world.Rows(nested("nullif(", ",5)", "1")), ElementsAre("1"));
+  EXPECT_THAT(world.Rows(nested("nullif(", ",'5')", "1", 8)), ElementsAre("1"));
+  EXPECT_THAT(world.Rows(nested("(", " ^ 0)", "6")), ElementsAre("6"));
+  EXPECT_THAT(world.Rows(nested("CASE WHEN ", " BETWEEN 0 AND 9 THEN 3 ELSE 4 END", "3", 12)),
+              ElementsAre("3"));
+  EXPECT_THAT(world.Rows(nested("CASE ", " WHEN 1 THEN 2 WHEN 2 THEN 1 END", "1", 12)), ElementsAre("1"));
+  EXPECT_THAT(world.Rows(nested("reverse(", ")", "'abc'")), ElementsAre("abc"));
+}
+
 TEST(Session, TakesNestedCommentsOfAnyDepth) {
   MemoryWorld world;
   std::string comment;
