@@ -125,25 +125,26 @@ DictionaryRef Rpt128::BuildByProperty() {
 
 // --- By sale style, employee, department: the group's text comes from the bill
 
-// What differs between these batches, in the order in which the pieces are sent.
+// What differs between these batches, in the order in which the pieces are sent. What is preset here most of them share.
 struct Rpt128::OwnGroup {
   std::string_view column_definition;  // of the group value in #DATA2
   std::string_view columns;            // its name in the column lists of #DATA2, with a comma behind
   std::string_view values;             // its value in both halves, with a comma behind
   std::string_view joins;              // where the value comes from
-  std::string_view party_definition;   // customer or department in #DATA2
-  std::string_view party;
-  std::string_view out_party;          // its value in the outbound half
-  std::string_view invoice_party;      // and in the invoice half
-  std::string_view stock_join;
+  // Customer, or department, in #DATA2 and its value in the outbound and the invoice half.
+  std::string_view party_definition = "         FCustID int null, \r\n";
+  std::string_view party = "FCustID";
+  std::string_view out_party = "v1.FSupplyID";
+  std::string_view invoice_party = "v1.FCustID";
+  std::string_view stock_join = "Left Join t_Stock t99 On v2.FDCStockID=t99.FItemID \r\n";
   // Sale style: in the table, in the outbound half (name and value are one), in the invoice half.
-  std::string_view style_definition;
-  std::string_view out_style;
-  std::string_view invoice_style;
-  std::string_view invoice_style_value;
+  std::string_view style_definition = "FSaleStyle  int,";
+  std::string_view out_style = "FSaleStyle,";
+  std::string_view invoice_style = "FSaleStyle,";
+  std::string_view invoice_style_value = "v1.FSaleStyle,";
   // The report rows.
   std::string create_columns;
-  std::string_view create_end;
+  std::string_view create_end = "\r\n";
   std::string_view select;
   std::string_view sum_sort;
   std::string from;
@@ -206,10 +207,6 @@ DictionaryRef Rpt128::BuildByOwnGroup(const OwnGroup& group) {
 
 namespace {
 
-constexpr std::string_view kCustomerDefinition = "         FCustID int null, \r\n";
-constexpr std::string_view kStockJoin = "Left Join t_Stock t99 On v2.FDCStockID=t99.FItemID \r\n";
-constexpr std::string_view kStyleDefinition = "FSaleStyle  int,";
-
 std::string PropertyColumn(const Dictionary& filter) {
   const DictionaryRef sum_field = FilterSumField(filter);
   return Join("  FProp", FilterText(*sum_field, "FPropID"), FilterText(*sum_field, "FItemClassID"), " varchar(355) null,\r\n");
@@ -224,17 +221,7 @@ DictionaryRef Rpt128::BuildBySaleStyle() {
       .columns = "FSaleStyleName,",
       .values = "s.FName,",
       .joins = "Inner Join t_SubMessage s On v1.FSaleStyle=s.FInterID \r\n",
-      .party_definition = kCustomerDefinition,
-      .party = "FCustID",
-      .out_party = "v1.FSupplyID",
-      .invoice_party = "v1.FCustID",
-      .stock_join = kStockJoin,
-      .style_definition = kStyleDefinition,
-      .out_style = "FSaleStyle,",
-      .invoice_style = "FSaleStyle,",
-      .invoice_style_value = "v1.FSaleStyle,",
       .create_columns = PropertyColumn(Conditions()),
-      .create_end = "\r\n",
       .select = "INSERT INTO #DATA SELECT CASE WHEN   GROUPING(v1.FSaleStyleName) =1 THEN '" "合计" "'\r\n"
                 "WHEN   GROUPING(t1.FNumber)=1 THEN  CONVERT(varchar(355),v1.FSaleStyleName)+'(小计)' \r\n"
                 " ELSE CONVERT(varchar(355),v1.FSaleStyleName) END,  t1.FNumber,",
@@ -252,17 +239,9 @@ DictionaryRef Rpt128::BuildByEmployee() {
       .columns = "FEmpName,",
       .values = "e.FName,",
       .joins = "Left Join t_Emp e On v1.FEmpID=e.FItemID \r\n",
-      .party_definition = kCustomerDefinition,
-      .party = "FCustID",
-      .out_party = "v1.FSupplyID",
-      .invoice_party = "v1.FCustID",
-      .stock_join = kStockJoin,
-      .style_definition = kStyleDefinition,
-      .out_style = "FSaleStyle,",
       .invoice_style = "",
       .invoice_style_value = "",
       .create_columns = PropertyColumn(Conditions()),
-      .create_end = "\r\n",
       .select = "INSERT INTO #DATA SELECT CASE WHEN   GROUPING(v1.FEmpName) =1 THEN '" "合计" "'\r\n"
                 "WHEN   GROUPING(t1.FNumber)=1 THEN  CONVERT(varchar(355),v1.FEmpName)+'(小计)' \r\n"
                 " ELSE CONVERT(varchar(355),v1.FEmpName) END,  t1.FNumber,",
@@ -290,7 +269,6 @@ DictionaryRef Rpt128::BuildByDepartment() {
       .invoice_style = "",
       .invoice_style_value = "",
       .create_columns = "  FProp01" " varchar(355) null,\r\n",
-      .create_end = "\r\n",
       .select = "INSERT INTO #DATA SELECT CASE WHEN   GROUPING(v1.FDeptName) =1 THEN '" "合计" "'\r\n"
                 "WHEN   GROUPING(t1.FNumber)=1 THEN  ISNULL(CONVERT(varchar(355),v1.FDeptName), '')+'(小计)' \r\n"
                 " ELSE CONVERT(varchar(355),v1.FDeptName) END,  t1.FNumber,",
@@ -326,15 +304,8 @@ DictionaryRef Rpt128::BuildWithEmployee(int sum_mode) {
       .values = by_customer ? "t2.FName,e.FName," : "d.FName,e.FName,",
       .joins = "Left Join t_Department d On v1.FDeptID=d.FItemID \r\n"
                "Left Join t_Emp e On v1.FEmpID=e.FItemID \r\n",
-      .party_definition = kCustomerDefinition,
-      .party = "FCustID",
       .out_party = "t2.FItemID",
       .invoice_party = "t2.FItemID",
-      .stock_join = kStockJoin,
-      .style_definition = kStyleDefinition,
-      .out_style = "FSaleStyle,",
-      .invoice_style = "FSaleStyle,",
-      .invoice_style_value = "v1.FSaleStyle,",
       .create_columns = "  FProp01" " varchar(355) null,\r\n"
                         "  FEmpName" " varchar(355) null,\r\n"
                         "  FPropNumber varchar(355) null,\r\n",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
+#include <utility>
 
 #include "runtime/text.h"
 
@@ -27,7 +28,7 @@ class Reader {
   }
   std::optional<std::string> TakeText() {
     if (now_.kind != Token::Kind::kText) return std::nullopt;
-    std::string text = std::move(now_.text);
+    std::string text = std::exchange(now_.text, {});
     Advance();
     return text;
   }
