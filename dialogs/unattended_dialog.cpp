@@ -145,6 +145,17 @@ std::string SumNameOf(const DialogTable& table, std::int32_t sum_mode) {
   return {};
 }
 
+// A level of 0 becomes 1, and the begin level follows the end level downwards.
+void KeepLevelsInOrder(Dictionary& filter) {
+  const auto level = [&filter](std::string_view key) {
+    const double value = filter.Get(key).ToDouble();
+    return value <= 0 ? 1.0 : value;
+  };
+  const double end = level("ELevel");
+  filter.Set("BLevel", std::min(level("BLevel"), end));
+  filter.Set("ELevel", end);
+}
+
 const DialogKey* FindKey(const DialogTable& table, std::string_view key) {
   const auto found = std::find_if(table.keys.begin(), table.keys.end(),
                                   [key](const DialogKey& k) { return EqualNames(k.key, key); });
@@ -225,6 +236,7 @@ void UnattendedDialog::Confirm() {
   for (const DialogKey& key : table_.keys) {
     filter_->Set(key.key, chosen_.Lookup(key.key) ? chosen_.Get(key.key) : ValueOf(key));
   }
+  if (filter_->Lookup("ELevel")) KeepLevelsInOrder(*filter_);
 }
 
 void RegisterUnattendedDialogs(Runtime& runtime) {

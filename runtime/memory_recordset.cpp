@@ -61,7 +61,7 @@ void MemoryRecordset::AppendField(std::string_view name, FieldType type, std::in
   if (!field_names_.emplace(name, static_cast<int>(fields_.size())).second) {
     Raise(error_number::kDuplicateKey, Join("the recordset has a field ", name, " already"));
   }
-  fields_.push_back({std::string(name), type, kind == CellKind::kText ? size : 0});
+  fields_.push_back({std::string(name), type, std::max(size, 0)});
   rows_.AddColumn(kind);
 }
 

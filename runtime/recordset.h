@@ -10,7 +10,8 @@
 
 namespace salerpt {
 
-// Field types by their ADO numbers.
+// Field types by their ADO numbers. A row set of the middle tier may have further numbers (202, 20, …), which
+// it keeps.
 enum class FieldType : std::int16_t {
   kSmallInt = 2,     // 16-bit: years, periods, decimals
   kInteger = 3,      // 32-bit: ids, FSumSort
@@ -26,7 +27,7 @@ enum class FieldType : std::int16_t {
 struct FieldInfo {
   std::string name;
   FieldType type;
-  // Longest text in characters; 0 for the other types.
+  // Longest text in characters; for the other types as it was given.
   std::int32_t size;
 };
 

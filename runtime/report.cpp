@@ -157,9 +157,9 @@ void Report::Refresh() {
 }
 
 void Report::OnActive() {
-  RunFetch([this] {
+  RunGuarded([this] {
     Progress().SetMsg(ResText("正在连接服务器"));
-    FetchData();
+    RunFetch([this] { FetchData(); });
   });
 }
 

@@ -24,6 +24,35 @@ constexpr std::size_t RoundUp(std::size_t bytes) {
   return (bytes + 7) / 8 * 8;
 }
 
+// The types that no report appends itself, but a row set of the middle tier may have: each keeps its number
+// and is held as its nearest kin.
+CellKind KindOfServerType(int number) {
+  switch (number) {
+    case 16:  // 8-bit
+    case 17:  // 8-bit unsigned
+      return CellKind::kInt16;
+    case 18:  // 16-bit unsigned
+      return CellKind::kInt32;
+    case 4:   // single
+    case 14:  // decimal
+    case 19:  // 32-bit unsigned
+    case 20:  // 64-bit
+      return CellKind::kDouble;
+    case 133:  // day without a time
+      return CellKind::kDate;
+    case 8:    // automation text
+    case 129:  // fixed length
+    case 130:  // fixed length, wide
+    case 201:  // long
+    case 202:  // variable length, wide
+    case 203:  // long, wide
+      return CellKind::kText;
+    default:
+      throw RuntimeError(error_number::kWrongArguments, std::string(Recordset::kClassName),
+                         "field type " + std::to_string(number) + " is none that a row set can hold");
+  }
+}
+
 }  // namespace
 
 CellKind CellKindOf(FieldType type) {
@@ -45,9 +74,7 @@ CellKind CellKindOf(FieldType type) {
     case FieldType::kVarChar:
       return CellKind::kText;
   }
-  throw RuntimeError(error_number::kWrongArguments, std::string(Recordset::kClassName),
-                     "field type " + std::to_string(static_cast<int>(type)) +
-                         " is none of 2, 3, 5, 6, 7, 11, 131, 135 and 200");
+  return KindOfServerType(static_cast<int>(type));
 }
 
 void RowStore::AddColumn(CellKind kind) {

@@ -43,6 +43,11 @@ bool Runtime::IsRegistered(std::string_view prog_id) const {
   return makers_.contains(prog_id);
 }
 
+Runtime::ObjectMaker Runtime::FindMaker(std::string_view prog_id) const {
+  const auto found = makers_.find(prog_id);
+  return found == makers_.end() ? nullptr : found->second;
+}
+
 ObjectRef Runtime::CreateObject(std::string_view prog_id) const {
   if (const auto found = makers_.find(prog_id); found != makers_.end()) return found->second();
   throw RuntimeError(error_number::kObjectMaker, "",

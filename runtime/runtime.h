@@ -36,6 +36,8 @@ class Runtime {
   // --- Objects by ProgID ("ORVSaleRpt.Rpt128"), names without regard to case. A later registration replaces.
   void Register(std::string_view prog_id, ObjectMaker maker);
   [[nodiscard]] bool IsRegistered(std::string_view prog_id) const;
+  // What makes the objects of a ProgID; nothing where none is registered.
+  [[nodiscard]] ObjectMaker FindMaker(std::string_view prog_id) const;
   // Raises the object maker's error, naming the ProgID, where none is registered.
   [[nodiscard]] ObjectRef CreateObject(std::string_view prog_id) const;
 

@@ -129,7 +129,7 @@ Date SheetRows::DateOf(std::size_t column) const {
 std::optional<int> SheetRows::Decimals(std::size_t column) const {
   switch (cells_[column].shown_as) {
     case ColumnType::kQuantity:
-      return IntegerOr(qty_decimal_, kUsualQtyDecimals);
+      return QuantityDecimals(cells_[column]);
     case ColumnType::kPrice:
       return IntegerOr(price_decimal_, kUsualPriceDecimals);
     case ColumnType::kAmount:
@@ -141,6 +141,21 @@ std::optional<int> SheetRows::Decimals(std::size_t column) const {
     default:
       return std::nullopt;
   }
+}
+
+// The item's decimals are those of its base unit. In another unit a quantity may have more: its digits are
+// shown, up to the usual number, or the column would not add up before the reader's eyes.
+int SheetRows::QuantityDecimals(const Cell& cell) const {
+  constexpr double kNoDigit = 1e-6;
+  int decimals = IntegerOr(qty_decimal_, kUsualQtyDecimals);
+  if (sheet_.rows->IsNull(cell.field)) return decimals;
+  const double value = sheet_.rows->Double(cell.field);
+  const auto is_cut = [value](int at) {
+    const double scaled = value * std::pow(10.0, at);
+    return std::abs(scaled - std::round(scaled)) > kNoDigit;
+  };
+  while (decimals < kUsualQtyDecimals && is_cut(decimals)) ++decimals;
+  return decimals;
 }
 
 void SheetRows::AppendShown(std::string& out, std::size_t column) const {

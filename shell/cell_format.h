@@ -61,6 +61,7 @@ class SheetRows {
     ColumnType shown_as;
   };
 
+  [[nodiscard]] int QuantityDecimals(const Cell& cell) const;
   [[nodiscard]] std::int32_t IntegerOr(int field, std::int32_t absent) const;
   void AppendNumber(std::string& out, const Cell& cell, std::optional<int> decimals) const;
 

@@ -20,6 +20,11 @@ void RunRequestCommand(const Options& options, Shell& shell) {
   const Json answer = RunRequest(options.class_name, request);
   shell.out << answer.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
   if (IsFailure(answer)) shell.status = 1;
+  const Json& detail = answer.at("detail");
+  if (detail.is_object() && detail.contains("error")) {
+    shell.out.flush();
+    shell.err << "salerpt: GetDetailReport: " << detail.at("error").value("description", "") << '\n';
+  }
 }
 
 }  // namespace

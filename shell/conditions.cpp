@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <optional>
 
 #include "runtime/date.h"
@@ -16,6 +17,15 @@ namespace {
 [[noreturn]] void Refuse(const Choice& choice, std::string_view expected) {
   throw RuntimeError(error_number::kInvalidCall, "Shell",
                      Join(choice.place, ": ", expected, " was expected"));
+}
+
+bool IsUtf8(std::string_view text) {
+  try {
+    static_cast<void>(nlohmann::json(text).dump());
+    return true;
+  } catch (const nlohmann::json::type_error&) {
+    return false;
+  }
 }
 
 bool IsWhole(double number) {
@@ -109,6 +119,10 @@ Choice ParseChoice(std::string_view argument) {
   if (at == std::string_view::npos || at == 0) {
     throw RuntimeError(error_number::kInvalidCall, "Shell",
                        Join("\"", argument, "\": KEY=VALUE was expected"));
+  }
+  if (!IsUtf8(argument)) {
+    throw RuntimeError(error_number::kInvalidCall, "Shell",
+                       Join(argument.substr(0, at), ": the value is no UTF-8 text"));
   }
   return {std::string(argument.substr(0, at)), argument.substr(at + 1), std::string(argument), true};
 }

@@ -1,3 +1,5 @@
+#include <fcntl.h>
+#include <unistd.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
@@ -51,6 +53,28 @@ class NamelessFile {
 
  private:
   std::FILE* file_;
+};
+
+// While it lives, nothing reaches standard error: the workbook library prints its failures there, beside
+// giving them.
+class QuietLibrary {
+ public:
+  QuietLibrary() : kept_(::dup(STDERR_FILENO)) {
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (nowhere < 0) return;
+    if (kept_ >= 0) ::dup2(nowhere, STDERR_FILENO);
+    ::close(nowhere);
+  }
+  ~QuietLibrary() {
+    if (kept_ < 0) return;
+    ::dup2(kept_, STDERR_FILENO);
+    ::close(kept_);
+  }
+  QuietLibrary(const QuietLibrary&) = delete;
+  QuietLibrary& operator=(const QuietLibrary&) = delete;
+
+ private:
+  int kept_;
 };
 
 // The cell formats of one workbook, each made once.
@@ -150,6 +174,7 @@ class Workbook {
   void Close() {
     lxw_workbook* book = book_;
     book_ = nullptr;
+    const QuietLibrary quiet;
     Require(workbook_close(book));
   }
 

@@ -24,11 +24,22 @@ std::string DescriptorPath(int descriptor) {
 }  // namespace
 
 OutputFile::OutputFile(std::filesystem::path target) : target_(std::move(target)) {
-  const std::filesystem::path folder = target_.has_parent_path() ? target_.parent_path() : ".";
-  if (std::error_code unknown; std::filesystem::is_directory(target_, unknown)) {
+  std::error_code unknown;
+  // A link stays, and what it leads to is written.
+  if (std::filesystem::is_symlink(target_, unknown)) {
+    const std::filesystem::path led_to = std::filesystem::weakly_canonical(target_, unknown);
+    if (!unknown) target_ = led_to;
+  }
+  const std::filesystem::file_status status = std::filesystem::status(target_, unknown);
+  if (std::filesystem::is_directory(status)) {
     errno = EISDIR;
     Fail("cannot be written");
   }
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+    OpenDevice();
+    return;
+  }
+  const std::filesystem::path folder = target_.has_parent_path() ? target_.parent_path() : ".";
 #ifdef O_TMPFILE
   descriptor_ = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kMode);
 #endif
@@ -43,6 +54,14 @@ OutputFile::OutputFile(std::filesystem::path target) : target_(std::move(target)
   stream_ = std::make_unique<FdStream>(descriptor_, target_.string());
 }
 
+// A device, a pipe or a terminal takes what is written as it comes; it is never replaced.
+void OutputFile::OpenDevice() {
+  is_device_ = true;
+  descriptor_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
+  if (descriptor_ < 0) Fail("cannot be written");
+  stream_ = std::make_unique<FdStream>(descriptor_, target_.string());
+}
+
 OutputFile::~OutputFile() {
   if (descriptor_ >= 0) ::close(descriptor_);
   if (!temporary_.empty()) ::unlink(temporary_.c_str());
@@ -50,6 +69,7 @@ OutputFile::~OutputFile() {
 
 void OutputFile::Commit() {
   stream_->flush();
+  if (is_device_) return;
   if (::fsync(descriptor_) != 0) Fail("cannot be written");
   if (temporary_.empty()) Link();
   if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail("cannot be written");

@@ -11,7 +11,8 @@ namespace salerpt::shell {
 
 // Written without a name in the folder of its target where the file system can do that, so that nothing is
 // left behind whatever ends the program; elsewhere under a temporary name beside the target, which the
-// destructor removes. An existing file is replaced at the moment of Commit, and stays as it is until then.
+// destructor removes. An existing file is replaced at the moment of Commit, and stays as it is until then; a
+// link stays a link. A device or pipe is written as it comes.
 class OutputFile {
  public:
   // Raises RuntimeError, naming the file and the system's reason, where the folder cannot be written.
@@ -26,12 +27,14 @@ class OutputFile {
   void Commit();
 
  private:
+  void OpenDevice();
   void Link();
   [[noreturn]] void Fail(const char* what) const;
 
   std::filesystem::path target_;
   std::filesystem::path temporary_;  // empty while the file has no name
   int descriptor_ = -1;
+  bool is_device_ = false;
   std::unique_ptr<FdStream> stream_;
 };
 

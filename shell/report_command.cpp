@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 #include "runtime/text.h"
 #include "shell/failure.h"
@@ -81,8 +82,18 @@ void Deliver(const Sheet& sheet, const ReportOptions& options, Shell& shell) {
   }
   // Where the file system wants a name for the unfinished file, Ctrl-C must not leave it behind.
   const InterruptGuard guard;
+  if (std::error_code unknown; std::filesystem::equivalent(options.out_file, options.db, unknown)) {
+    RaiseUsage(Join("--out ", options.out_file, ": this is the account set, a report would overwrite it"));
+  }
   OutputFile file(options.out_file);
-  MakeRenderer(format, PrintOptions{})->Render(sheet, file.Stream());
+  try {
+    MakeRenderer(format, PrintOptions{})->Render(sheet, file.Stream());
+  } catch (const RuntimeError& failure) {
+    // The workbook library does not know for which file it works.
+    if (failure.Description().starts_with(options.out_file)) throw;
+    throw RuntimeError(failure.Number(), failure.Source(),
+                       Join(options.out_file, ": ", failure.Description()));
+  }
   InterruptGuard::Check();
   file.Commit();
 }

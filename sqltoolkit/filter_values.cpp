@@ -14,6 +14,9 @@ namespace {
                      Join("Filter(\"", key, "\") is \"", value.TextOrEmpty(), "\", expected ", expected));
 }
 
+// No code tree is deeper: a code has fewer characters than twice this.
+constexpr int kDeepest = 99;
+
 bool IsAbsent(const Variant& value) {
   return value.IsNull() || value.IsEmptyText();
 }
@@ -21,7 +24,9 @@ bool IsAbsent(const Variant& value) {
 }  // namespace
 
 std::string FilterText(const Dictionary& filter, std::string_view key) {
-  return filter.Get(key).TextOrEmpty();
+  const Variant& value = filter.Get(key);
+  if (value.IsObject()) RaiseMismatch(key, "an object", "a text");
+  return value.TextOrEmpty();
 }
 
 double FilterNumber(const Dictionary& filter, std::string_view key) {
@@ -48,8 +53,33 @@ std::string FilterDay(const Dictionary& filter, std::string_view key) {
   }
 }
 
+std::int16_t FilterInt16(const Dictionary& filter, std::string_view key) {
+  const double number = FilterNumber(filter, key);
+  try {
+    return Variant(number).ToInt16();
+  } catch (const RuntimeError&) {
+    throw RuntimeError(error_number::kOverflow, "Filter",
+                       Join("Filter(\"", key, "\") is ", NumberText(number), ", expected a 16-bit number"));
+  }
+}
+
+LevelSpan FilterLevels(const Dictionary& filter) {
+  const LevelSpan span{FilterInt(filter, "BLevel"), FilterInt(filter, "ELevel")};
+  const auto check = [](std::string_view key, int level) {
+    if (level >= -kDeepest && level <= kDeepest) return;
+    throw RuntimeError(error_number::kInvalidCall, "Filter",
+                       Join("Filter(\"", key, "\") is ", level, ", expected a level up to ", kDeepest));
+  };
+  check("BLevel", span.begin);
+  check("ELevel", span.end);
+  return span;
+}
+
 DictionaryRef FilterSumField(const Dictionary& filter) {
-  DictionaryRef field = As<Dictionary>(filter.Get("SumField"));
+  const Variant& value = filter.Get("SumField");
+  if (IsAbsent(value)) return std::make_shared<Dictionary>();
+  if (!value.IsObject()) RaiseMismatch("SumField", value, "a dictionary");
+  DictionaryRef field = As<Dictionary>(value);
   return field ? field : std::make_shared<Dictionary>();
 }
 

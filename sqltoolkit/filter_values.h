@@ -1,6 +1,7 @@
 // Conditions of a report, read from its `Filter`.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,16 @@ std::string FilterText(const Dictionary& filter, std::string_view key);
 double FilterNumber(const Dictionary& filter, std::string_view key);
 // As a whole number.
 int FilterInt(const Dictionary& filter, std::string_view key);
+// As a 16-bit number: years and periods. Raises overflow, naming the key, for one that does not fit.
+std::int16_t FilterInt16(const Dictionary& filter, std::string_view key);
+
+// The class levels that a grouped report shows, from "BLevel" to "ELevel". Raises invalid call, naming the
+// key, for a level beyond what any code tree has (99).
+struct LevelSpan {
+  int begin;
+  int end;
+};
+LevelSpan FilterLevels(const Dictionary& filter);
 // The day of a key as "yyyy/mm/dd", the way dates stand in a batch; empty where the key is absent. Raises
 // type mismatch, naming key and value, for a text that is no date.
 std::string FilterDay(const Dictionary& filter, std::string_view key);

@@ -342,8 +342,8 @@ void Rpt128::AddGroupColumns(int sum_mode) {
     AddHeader(*header_, std::move(caption), "", ColumnType::kText, column, true, ForceHide{0});
   };
   const auto level_columns = [&](std::string_view caption) {
-    const int end_level = FilterInt(filter, "ELevel");
-    for (int i = FilterInt(filter, "BLevel"); i <= end_level; ++i) {
+    const LevelSpan levels = FilterLevels(filter);
+    for (int i = levels.begin; i <= levels.end; ++i) {
       text_column(Join(i, ResText(caption)), Join("FName", i));
     }
   };

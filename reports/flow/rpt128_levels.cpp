@@ -153,8 +153,7 @@ Rpt128::LevelTexts Rpt128::LevelTextsOf(int sum_mode, int begin_level, int end_l
 
 DictionaryRef Rpt128::BuildByLevel(LevelKind kind, int sum_mode) {
   const Dictionary& filter = Conditions();
-  const int begin_level = FilterInt(filter, "BLevel");
-  const int end_level = FilterInt(filter, "ELevel");
+  const auto [begin_level, end_level] = FilterLevels(filter);
   const bool by_customer = kind == LevelKind::kCustomer;
   const std::string level_sql =
       by_customer ? BuildItemLevelSQL(kCustomerClass, "", FilterText(filter, "BCustNumber"),

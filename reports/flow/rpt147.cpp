@@ -119,16 +119,20 @@ void AddDetailRow(Recordset& rows, std::string_view period_name, const Line& lin
   rows.Update();
 }
 
-// A field that is read by joining with empty text: a null is "", and a value of any kind its text.
-class JoinedText {
+// A field whose value of any kind is read as text.
+class TextField {
  public:
-  JoinedText(const Recordset& source, std::string_view name)
+  TextField(const Recordset& source, std::string_view name)
       : field_(source.FieldIndex(name)), is_text_(source.Field(field_).type == FieldType::kVarChar) {}
 
-  // The view lives until the source moves or the next Read.
+  // As by joining with empty text: a null is "". The view lives until the source moves or the next read.
+  std::string_view ReadJoined(const Recordset& source) {
+    return source.IsNull(field_) ? std::string_view() : Read(source);
+  }
+  // Raises on a null.
   std::string_view Read(const Recordset& source) {
-    if (!is_text_) return text_ = source.Value(field_).TextOrEmpty();
-    return source.IsNull(field_) ? std::string_view() : source.Text(field_);
+    if (is_text_) return source.Text(field_);
+    return text_ = source.Value(field_).ToText();
   }
 
  private:
@@ -149,9 +153,6 @@ class SourceRow {
         date_(source.FieldIndex("FDate")),
         tran_type_(source.FieldIndex("FTranType")),
         item_id_(source.FieldIndex("FItemID")),
-        short_number_(source.FieldIndex("FShortNumber")),
-        name_(source.FieldIndex("FName")),
-        unit_name_(source.FieldIndex("FUnitName")),
         qty_decimal_(source.FieldIndex("FQtyDecimal")),
         price_decimal_(source.FieldIndex("FPriceDecimal")),
         price_(source.FieldIndex("FPrice")),
@@ -159,7 +160,10 @@ class SourceRow {
         note_(source, "FNote"),
         bill_no_(source, "FBillNo"),
         number_(source, "FNumber"),
-        model_(source, "FModel") {}
+        short_number_(source, "FShortNumber"),
+        name_(source, "FName"),
+        model_(source, "FModel"),
+        unit_name_(source, "FUnitName") {}
 
   // Reads the current row. The texts of the line live until the source moves.
   void Read(Line& line) {
@@ -171,16 +175,16 @@ class SourceRow {
     // The day alone: the list shows no time.
     day_ = Date(std::floor(date.Serial()));
     line.date = date == kNoDate ? nullptr : &day_;
-    line.voucher_no = voucher_no_.Read(source_);
-    line.note = note_.Read(source_);
-    line.bill_no = bill_no_.Read(source_);
+    line.voucher_no = voucher_no_.ReadJoined(source_);
+    line.note = note_.ReadJoined(source_);
+    line.bill_no = bill_no_.ReadJoined(source_);
     line.tran_type = IdOrZero(tran_type_);
     line.item_id = IdOrZero(item_id_);
-    line.number = number_.Read(source_);
-    line.short_number = source_.Text(short_number_);
-    line.name = source_.Text(name_);
-    line.model = model_.Read(source_);
-    line.unit_name = source_.Text(unit_name_);
+    line.number = number_.ReadJoined(source_);
+    line.short_number = short_number_.Read(source_);
+    line.name = name_.Read(source_);
+    line.model = model_.ReadJoined(source_);
+    line.unit_name = unit_name_.Read(source_);
     line.qty_decimal = source_.Int32(qty_decimal_);
     line.price_decimal = source_.Int32(price_decimal_);
     line.price = source_.Double(price_);
@@ -195,9 +199,8 @@ class SourceRow {
 
   const Recordset& source_;
   Date day_;
-  int qty_, amount_, inter_id_, entry_id_, date_, tran_type_, item_id_, short_number_, name_, unit_name_,
-      qty_decimal_, price_decimal_, price_;
-  JoinedText voucher_no_, note_, bill_no_, number_, model_;
+  int qty_, amount_, inter_id_, entry_id_, date_, tran_type_, item_id_, qty_decimal_, price_decimal_, price_;
+  TextField voucher_no_, note_, bill_no_, number_, short_number_, name_, model_, unit_name_;
 };
 
 }  // namespace
@@ -230,8 +233,8 @@ void Rpt147::OnActive() {
   RunGuarded([this] {
     Progress().SetMsg(ResText("正在连接中间层..."));
     const Dictionary& filter = Conditions();
-    std::array<Variant, 4> periods = {filter.Get("BYear"), filter.Get("BPeriod"), filter.Get("EYear"),
-                                      filter.Get("EPeriod")};
+    std::array<Variant, 4> periods = {FilterInt16(filter, "BYear"), FilterInt16(filter, "BPeriod"),
+                                      FilterInt16(filter, "EYear"), FilterInt16(filter, "EPeriod")};
     GetRptList(periods);
   });
 }
@@ -263,8 +266,8 @@ void Rpt147::FetchPeriods(Period begin, Period end, std::int32_t periods_of_year
 
   std::int32_t number = begin.number;
   for (std::int32_t year = begin.year; year <= end.year; ++year, number = 1) {
-    // A last period beyond the calendar's ends the walk with the year.
-    for (; number <= periods_of_year; ++number) {
+    // The calendar's last period ends the year, also where the last period asked for lies beyond it.
+    for (;; ++number) {
       bar.HideProgBar();
       bar.SetMsg(Join(ResText("正在从服务器读取"), year, ResText("年第"), number, ResText("期数据...")));
       Conditions().Set("bLongNumber", Runtime::Current().gLongNumber);
@@ -282,6 +285,9 @@ void Rpt147::FetchPeriods(Period begin, Period end, std::int32_t periods_of_year
       }
       if (source->RecordCount() > 0) PourPeriod(period, *source);
       if (number >= end.number && year == end.year) return;
+      // A first period beyond the calendar is asked for all the same, and those up to the last one of its
+      // year.
+      if (number == periods_of_year || (number > periods_of_year && year < end.year)) break;
     }
   }
 }

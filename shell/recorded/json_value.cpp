@@ -22,56 +22,16 @@ Variant ToNumber(const Json& value) {
   return number;
 }
 
-std::optional<FieldType> FieldTypeOf(std::int64_t number) {
-  switch (number) {
-    case 2:   // 16-bit
-    case 16:  // 8-bit
-    case 17:  // 8-bit unsigned
-      return FieldType::kSmallInt;
-    case 3:   // 32-bit
-    case 18:  // 16-bit unsigned
-      return FieldType::kInteger;
-    case 4:  // single
-    case 5:  // double
-      return FieldType::kDouble;
-    case 6:
-      return FieldType::kCurrency;
-    case 7:
-    case 133:  // day without a time
-      return FieldType::kDate;
-    case 11:
-      return FieldType::kBoolean;
-    case 14:   // decimal
-    case 19:   // 32-bit unsigned
-    case 20:   // 64-bit
-    case 131:  // numeric
-      return FieldType::kNumeric;
-    case 135:
-      return FieldType::kTimestamp;
-    case 8:    // automation text
-    case 129:  // fixed length
-    case 130:  // fixed length, wide
-    case 200:  // variable length
-    case 201:  // long
-    case 202:  // variable length, wide
-    case 203:  // long, wide
-      return FieldType::kVarChar;
-    default:
-      return std::nullopt;
-  }
-}
-
 void AppendField(Recordset& rows, const JsonPlace& place) {
   std::vector<JsonPlace> parts;
   place.Elements([&](const JsonPlace& part) { parts.push_back(part); });
   if (parts.size() != 3) place.RaiseExpected("a field [name, type, size]");
   const std::string name = parts[0].Text();
-  const auto type = FieldTypeOf(parts[1].Whole(0, std::numeric_limits<std::int16_t>::max()));
-  if (!type) parts[1].RaiseExpected("an ADO type number that a row set can hold");
+  const auto type = static_cast<FieldType>(parts[1].Whole(0, std::numeric_limits<std::int16_t>::max()));
   const auto size = static_cast<std::int32_t>(parts[2].Whole(0, Int32Limits::max()));
   try {
     // A text of size 0 is one without a limit.
-    rows.AppendField(name, *type, size > 0 ? size : Recordset::kUnspecified);
+    rows.AppendField(name, type, size > 0 ? size : Recordset::kUnspecified);
   } catch (const RuntimeError& failure) {
     place.Raise(failure.Description());
   }

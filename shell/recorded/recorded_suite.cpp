@@ -117,6 +117,8 @@ Variant RecordedSuite::Invoke(std::string_view prog_id, std::string_view member,
     return (this->*system->answer)(arguments);
   }
   if (const std::string* sql = StatementAmong(arguments)) {
+    // A select on the settings is a read of the profile too.
+    RaiseFault("GetProfile");
     RaiseFault(member);
     return ProfileRows(*sql);
   }

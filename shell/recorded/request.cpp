@@ -73,8 +73,18 @@ std::string ShortClassName(const Object& report) {
   return std::string(prog_id.substr(prog_id.find('.') + 1));
 }
 
-// The detail report of a row; what it notes is taken from the suite, or goes to `recording` where there is
-// none.
+// What is noted until the detail report is made is the parent's own: its maker is told to hand it over first.
+void HandOverWhenMade(Runtime& runtime, std::string_view prog_id, RecordedSuite& suite,
+                      Recording& recording) {
+  const Runtime::ObjectMaker make = runtime.FindMaker(prog_id);
+  if (!make) return;
+  runtime.Register(prog_id, [make, &suite, &recording] {
+    Append(recording, suite.TakeRecording());
+    return make();
+  });
+}
+
+// The detail report of a row; nothing where there is none, and what was noted is then the report's own.
 Json Drill(const ObjectRef& report, std::int32_t row, RecordedSuite& suite, Recording& recording) {
   Json shown = Json::object();
   ObjectRef detail;
@@ -145,6 +155,7 @@ Json RunRequest(Runtime& runtime, std::string_view class_name, const RequestCase
   Recording recording = suite->TakeRecording();
   Json detail;
   if (request.drill && IsOk(report) && !report_class->drill_target.empty()) {
+    HandOverWhenMade(runtime, ReportProgID(report_class->drill_target), *suite, recording);
     detail = Drill(report, *request.drill, *suite, recording);
   }
   Json shown = Json::object();

@@ -181,6 +181,17 @@ TEST_F(UnattendedDialogTest, EndsAtTheDeepestLevelOfTheTreeThatTheRowGroupsBy) {
   }
 }
 
+TEST_F(UnattendedDialogTest, KeepsTheLevelsInOrder) {
+  UnattendedDialog dialog = Open("frmFirter128");
+  dialog.Choose("BLevel", 3.0);
+  dialog.Choose("ELevel", 2.0);
+  EXPECT_EQ(Confirmed(dialog)->Get("BLevel"), Variant(2.0));
+  dialog.Choose("BLevel", 0.0);
+  EXPECT_EQ(Confirmed(dialog)->Get("BLevel"), Variant(1.0));
+  dialog.Choose("ELevel", 0.0);
+  EXPECT_EQ(Confirmed(dialog)->Get("ELevel"), Variant(1.0));
+}
+
 // A plan without an order sorts by item code.
 TEST_F(UnattendedDialogTest, SortsByTheLongCode) {
   UnattendedDialog dialog = Open("frmFirter128");

@@ -113,6 +113,22 @@ TEST_F(Rpt147FetchTest, TakesACalendarThatCannotBeReadForNone) {
   EXPECT_TRUE(toolkit_->unloaded);
 }
 
+TEST_F(Rpt147FetchTest, AsksForAFirstPeriodBeyondTheCalendarAllTheSame) {
+  Run(Periods(2003, 13, 2003, 13));
+  EXPECT_EQ(asked_, (Lines{"2003.13"}));
+  asked_.clear();
+  Run(Periods(2003, 13, 2003, 14));
+  EXPECT_EQ(asked_, (Lines{"2003.13", "2003.14"}));
+}
+
+TEST_F(Rpt147FetchTest, NamesTheConditionThatIsNoPeriod) {
+  const DictionaryRef filter = Periods(2003, 7, 2003, 7);
+  filter->Set("EPeriod", 40000);
+  Run(filter);
+  EXPECT_EQ(Error(), "Filter(\"EPeriod\") is 40000, expected a 16-bit number");
+  EXPECT_TRUE(asked_.empty());
+}
+
 // --- Failures
 
 TEST_F(Rpt147FetchTest, DropsTheEarlierPeriodsWithTheOneThatFails) {

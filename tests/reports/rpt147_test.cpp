@@ -230,6 +230,15 @@ TEST_F(Rpt147Test, TurnsIdsThatComeAsTextsIntoNumbersAndVoucherNumbersIntoTexts)
   EXPECT_EQ(First("FVoucherNo"), "text 12");
 }
 
+TEST_F(Rpt147Test, TurnsNamesAndUnitsOfAnyKindIntoTexts) {
+  const RecordsetRef rows = Sales({{"FShortNumber", FieldType::kInteger}, {"FName", FieldType::kInteger}});
+  AddSale(*rows, {{"FShortNumber", 3}, {"FName", 7}});
+  Give(2003, 7, rows);
+  Fetch(Periods(2003, 7, 2003, 7));
+  EXPECT_EQ(First("FShortNumber"), "text 3");
+  EXPECT_EQ(First("FName"), "text 7");
+}
+
 TEST_F(Rpt147Test, TakesTheServersDecimalsAndDates) {
   const RecordsetRef rows = Sales({{"FQty", FieldType::kNumeric},
                                    {"FAmount", FieldType::kNumeric},

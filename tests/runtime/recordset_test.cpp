@@ -66,10 +66,13 @@ TEST(Recordset, TellsItsFieldsInTheOrderOfAppending) {
   EXPECT_EQ(set->Field(8).size, 4);
 }
 
-TEST(Recordset, KeepsASizeForTextsOnly) {
+TEST(Recordset, KeepsTypeAndSizeAsTheyWereGiven) {
   const RecordsetRef set = MakeRecordset();
   set->AppendField("FQty", FieldType::kDouble, 8);
-  EXPECT_EQ(set->Field(0).size, 0);
+  set->AppendField("FName", static_cast<FieldType>(202), 50);
+  EXPECT_EQ(set->Field(0).size, 8);
+  EXPECT_EQ(static_cast<int>(set->Field(1).type), 202);
+  EXPECT_EQ(set->Field(1).size, 50);
 }
 
 TEST(Recordset, FindsFieldsWithoutRegardToCase) {

@@ -119,6 +119,18 @@ TEST(SheetRows, ShowsADateThatIsHeldAsATextAsADay) {
   EXPECT_EQ(Row(sheet, 0).shown[0], "2024-03-01");
 }
 
+TEST(SheetRows, NeverHidesADigitOfAQuantity) {
+  const Sheet sheet = SampleSheet();
+  sheet.rows->MoveFirst();
+  sheet.rows->MoveNext();
+  sheet.rows->SetValue("FQty", 19.75);  // an item without decimals, in a larger unit
+  EXPECT_EQ(Row(sheet, 1).shown[3], "19.75");
+  sheet.rows->MoveFirst();
+  sheet.rows->MoveNext();
+  sheet.rows->SetValue("FQty", 1.0 / 3);
+  EXPECT_EQ(Row(sheet, 1).shown[3], "0.3333");
+}
+
 TEST(SheetRows, GivesNothingForANull) {
   EXPECT_EQ(Row(SampleSheet(), 1).shown[2], "");
   EXPECT_EQ(Row(SampleSheet(), 1).exact[2], "");

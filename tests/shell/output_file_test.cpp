@@ -1,10 +1,13 @@
 #include "shell/output_file.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <fstream>
 #include <sstream>
 
@@ -44,6 +47,34 @@ TEST_F(OutputFileTest, AppearsWithItsContentAtTheCommit) {
   file.Commit();
   EXPECT_EQ(Content(folder_ / "a.csv"), "x,y\n");
   EXPECT_THAT(Names(), ::testing::ElementsAre("a.csv"));
+}
+
+TEST_F(OutputFileTest, WritesWhatALinkLeadsToAndKeepsTheLink) {
+  std::ofstream(folder_ / "a.csv") << "old";
+  fs::create_symlink(folder_ / "a.csv", folder_ / "link.csv");
+  OutputFile file(folder_ / "link.csv");
+  file.Stream() << "new";
+  file.Commit();
+  EXPECT_TRUE(fs::is_symlink(folder_ / "link.csv"));
+  EXPECT_EQ(Content(folder_ / "a.csv"), "new");
+}
+
+TEST_F(OutputFileTest, WritesToADeviceAndNeverReplacesIt) {
+  // A pipe of the test's own: a device of the system is not put at risk.
+  const fs::path pipe = folder_ / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  {
+    OutputFile file(pipe);
+    file.Stream() << "through";
+    file.Commit();
+  }
+  std::array<char, 16> taken{};
+  EXPECT_EQ(::read(reader, taken.data(), taken.size()), 7);
+  EXPECT_STREQ(taken.data(), "through");
+  ::close(reader);
+  EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
 TEST_F(OutputFileTest, LeavesNothingWithoutACommit) {

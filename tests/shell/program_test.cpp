@@ -191,6 +191,16 @@ TEST_F(Program, WritesAFileInTheFormatOfItsName) {
   EXPECT_THAT(Content(folder_ / "a.xlsx"), StartsWith("PK"));
 }
 
+TEST_F(Program, RefusesToWriteAReportOverTheAccountSet) {
+  ExpectError(Run(std::string("show Rpt128 ") + kYears + " --out t.db --format csv"), 2,
+              "--out t.db: this is the account set");
+  EXPECT_EQ(Run(std::string("show Rpt128 ") + kYears).status, 0);
+}
+
+TEST_F(Program, RefusesAConditionThatIsNoUtf8) {
+  ExpectError(Run("show Rpt128 BItemNumber=$(printf '\\377')"), 2, "BItemNumber: the value is no UTF-8 text");
+}
+
 TEST_F(Program, LeavesNoFileWhereTheReportFails) {
   EXPECT_EQ(Run(std::string("show Rpt128 ") + kYears + " GroupBy=0 Orderby=FNoSuchColumn --out b.csv").status,
             1);

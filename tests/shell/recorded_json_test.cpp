@@ -131,7 +131,7 @@ TEST(ToRecordset, RefusesRowsOfAWrongLengthAndUnknownTypes) {
   EXPECT_EQ(ErrorOf([] { AnswerOf(R"({"fields": [["FID", 3, 0]], "rows": [[1, 2]]})"); }),
             "/rows/0: [1,2] is not a row of 1 values");
   EXPECT_EQ(ErrorOf([] { AnswerOf(R"({"fields": [["FID", 9, 0]], "rows": []})"); }),
-            "/fields/0/1: 9 is not an ADO type number that a row set can hold");
+            "/fields/0: field type 9 is none that a row set can hold");
   EXPECT_EQ(ErrorOf([] { AnswerOf(R"({"fields": [["FID", 3]], "rows": []})"); }),
             "/fields/0: [\"FID\",3] is not a field [name, type, size]");
   EXPECT_EQ(ErrorOf([] { AnswerOf(R"({"fields": [], "rows": [[]]})"); }),
