@@ -67,6 +67,11 @@ TablePtr Catalog::Get(const NameParts& name) {
   return table;
 }
 
+void Catalog::RaiseUnreadable() const {
+  Raise(kNotSupported,
+        fmt::format("The schema of the account set cannot be read: {}.", sqlite3_errmsg(connection_)));
+}
+
 TablePtr Catalog::Load(std::string_view name) {
   static constexpr std::string_view kQuery =
       "SELECT x.name, x.type, x.\"notnull\", l.name, l.wr FROM pragma_table_list(?1) AS l, "
@@ -74,13 +79,13 @@ TablePtr Catalog::Load(std::string_view name) {
   sqlite3_stmt* raw = nullptr;
   if (sqlite3_prepare_v2(connection_, kQuery.data(), static_cast<int>(kQuery.size()), &raw, nullptr) !=
       SQLITE_OK) {
-    Raise(kNotSupported,
-          fmt::format("The schema of the account set cannot be read: {}.", sqlite3_errmsg(connection_)));
+    RaiseUnreadable();
   }
   const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(raw, &sqlite3_finalize);
   sqlite3_bind_text(raw, 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
   auto table = std::make_shared<TableInfo>();
-  while (sqlite3_step(raw) == SQLITE_ROW) {
+  int step = SQLITE_ROW;
+  while ((step = sqlite3_step(raw)) == SQLITE_ROW) {
     table->name = TextColumn(raw, 3);
     table->has_rowid = sqlite3_column_int(raw, 4) == 0;
     ColumnInfo column;
@@ -90,6 +95,8 @@ TablePtr Catalog::Load(std::string_view name) {
     column.type.nullable = sqlite3_column_int(raw, 2) == 0;
     table->columns.push_back(std::move(column));
   }
+  // A locked or damaged account set is no missing table.
+  if (step != SQLITE_DONE) RaiseUnreadable();
   if (table->columns.empty()) return nullptr;
   table->sql = "main." + QuoteName(table->name);
   return table;

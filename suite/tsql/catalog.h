@@ -63,6 +63,7 @@ class Catalog {
 
  private:
   TablePtr Load(std::string_view name);
+  [[noreturn]] void RaiseUnreadable() const;
 
   sqlite3* connection_;
   std::map<std::string, TablePtr, NameLess> temporary_;
