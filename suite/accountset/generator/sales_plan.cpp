@@ -11,10 +11,10 @@ namespace {
 constexpr int kOrderType = 81;
 constexpr int kOutboundType = 21;
 
-// Half of a quantity, in whole units where there are that many.
+// Half of a quantity, in whole units; what cannot be halved so goes whole, since most items are not divided.
 Quantity HalfOf(Quantity quantity) {
   const Quantity half = quantity / 2;
-  return half >= kQuantityOne ? half / kQuantityOne * kQuantityOne : half;
+  return half >= kQuantityOne ? half / kQuantityOne * kQuantityOne : quantity;
 }
 
 // `from` as a line of another bill, with `quantity` of it.
