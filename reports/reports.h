@@ -5,7 +5,8 @@
 
 namespace salerpt {
 
-// Registers the report classes and `GetInfo` under their ProgIDs ("ORVSaleRpt.Rpt128", …), and the filter dialogs.
+// Registers the report classes and `GetInfo` under their ProgIDs ("ORVSaleRpt.Rpt128", …), and the filter
+// dialogs.
 void RegisterReports(Runtime& runtime);
 
 }  // namespace salerpt

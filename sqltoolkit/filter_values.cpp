@@ -83,6 +83,18 @@ DictionaryRef FilterSumField(const Dictionary& filter) {
   return field ? field : std::make_shared<Dictionary>();
 }
 
+bool IsGrouped(const Dictionary& filter) {
+  return FilterNumber(filter, "GroupBy") == 1;
+}
+
+bool IsOnlySum(const Dictionary& filter) {
+  return FilterNumber(filter, "OnlyShowSum") == 1;
+}
+
+std::string_view SumOnly(const Dictionary& filter, std::string_view condition) {
+  return IsOnlySum(filter) ? condition : std::string_view();
+}
+
 std::string_view CodeField() {
   return Runtime::Current().gLongNumber ? "FNumber" : "FShortNumber";
 }

@@ -32,6 +32,13 @@ std::string FilterDay(const Dictionary& filter, std::string_view key);
 // `SumField`, the description of the property grouped by; a dictionary with no keys where the key is absent.
 DictionaryRef FilterSumField(const Dictionary& filter);
 
+// True where the rows are grouped ("GroupBy" 1); any other value is the report by item.
+bool IsGrouped(const Dictionary& filter);
+// True where only total rows are asked for ("OnlyShowSum" 1).
+bool IsOnlySum(const Dictionary& filter);
+// `condition` where only total rows are asked for, else nothing.
+std::string_view SumOnly(const Dictionary& filter, std::string_view condition);
+
 // The code field that is shown and filtered on: "FNumber" where gLongNumber is true, else "FShortNumber".
 std::string_view CodeField();
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "runtime/mparse.h"
 #include "runtime/text.h"
 
 namespace salerpt {
@@ -58,6 +59,12 @@ void AddTitle(Vector& title, std::string caption, std::int16_t index) {
 std::string RangeCaption(std::string_view begin, std::string_view end, std::string_view all) {
   if (begin.empty() && end.empty()) return std::string(all);
   return Join(begin, "  --  ", end);
+}
+
+std::string NarrowRangeCaption(std::string_view label, std::string_view narrow_label, std::string_view begin,
+                               std::string_view end, std::string_view all) {
+  if (begin.empty() && end.empty()) return Join(ResText(label), ResText(all));
+  return Join(ResText(narrow_label), begin, " -- ", end);
 }
 
 }  // namespace salerpt

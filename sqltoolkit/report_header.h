@@ -50,4 +50,9 @@ void AddTitle(Vector& title, std::string caption, std::int16_t index);
 // A range as title lines write it: begin "  --  " end, or the word for all where both ends are empty.
 std::string RangeCaption(std::string_view begin, std::string_view end, std::string_view all);
 
+// A range line in the narrow form, label included: `label` and the word for all, or `narrow_label`
+// ("客户代码范围: ", ASCII colon and blank) and begin " -- " end. The three texts pass through ResText here.
+std::string NarrowRangeCaption(std::string_view label, std::string_view narrow_label, std::string_view begin,
+                               std::string_view end, std::string_view all);
+
 }  // namespace salerpt

@@ -3,23 +3,20 @@
 #include <memory>
 #include <utility>
 
+#include "reports/detail_report.h"
+#include "reports/flow/outbound_drill.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/mrpt.h"
 #include "runtime/runtime.h"
 #include "sqltoolkit/data_right.h"
+#include "sqltoolkit/filter_condition.h"
 #include "sqltoolkit/filter_values.h"
+#include "sqltoolkit/group_columns.h"
 #include "sqltoolkit/report_header.h"
 #include "sqltoolkit/resort.h"
 
 namespace salerpt {
-namespace {
-
-bool IsGrouped(const Dictionary& filter) {
-  return FilterNumber(filter, "GroupBy") == 1;
-}
-
-}  // namespace
 
 // --- Set-up: the texts that do not depend on a filter
 
@@ -164,10 +161,6 @@ void Rpt128::InitProperty(std::int32_t number) {
 
 void Rpt128::BuildTitle() {
   const Dictionary& filter = Conditions();
-  const std::string begin_item = FilterText(filter, "BItemNumber");
-  const std::string end_item = FilterText(filter, "EItemNumber");
-  const std::string begin_customer = FilterText(filter, "BCustNumber");
-  const std::string end_customer = FilterText(filter, "ECustNumber");
   const bool grouped = IsGrouped(filter);
 
   title_ = std::make_shared<Vector>();
@@ -175,12 +168,12 @@ void Rpt128::BuildTitle() {
   AddTitle(*title_, Join(ResText("截止日期："), FilterText(filter, "EDate")), 1);
   AddTitle(*title_,
            Join(item_word_, ResText("代码范围："),
-                RangeCaption(begin_item, end_item, Join(ResText("所有"), item_word_))),
+                RangeCaption(FilterText(filter, "BItemNumber"), FilterText(filter, "EItemNumber"),
+                             Join(ResText("所有"), item_word_))),
            2);
   AddTitle(*title_,
-           begin_customer.empty() && end_customer.empty()
-               ? Join(ResText("客户代码范围："), ResText("所有客户"))
-               : Join(ResText("客户代码范围: "), begin_customer, " -- ", end_customer),
+           NarrowRangeCaption("客户代码范围：", "客户代码范围: ", FilterText(filter, "BCustNumber"),
+                              FilterText(filter, "ECustNumber"), "所有客户"),
            grouped ? 3 : 4);
   if (!grouped) return;
 
@@ -225,29 +218,11 @@ void Rpt128::BuildTitle() {
 
 void Rpt128::BuildConditions() {
   const Dictionary& filter = Conditions();
-  const std::string_view code = CodeField();
   condition_.clear();
-  const auto bound = [&](std::string_view key, std::string_view table, std::string_view comparison) {
-    const Variant& value = filter.Get(key);
-    if (!value.TextOrEmpty().empty()) Append(condition_, " AND ", table, code, comparison, QuoteSql(value));
-  };
-  bound("BItemNumber", "t1.", ">=");
-  bound("EItemNumber", "t1.", "<=");
-  switch (FilterInt(filter, "CommodityType")) {
-    case 1:
-      condition_ += " And t1.FErpClsID=4";
-      break;
-    case 2:
-      condition_ += " And t1.FErpClsID<>4";
-      break;
-    default:
-      break;
-  }
-  bound("BCustNumber", "t2.", ">=");
-  bound("ECustNumber", "t2.", "<=");
-  if (FilterNumber(filter, "SaleType") > 1) {
-    Append(condition_, " And v1.FSaleStyle = ", SqlNumber(filter.Get("SaleType")));
-  }
+  AppendCodeRange(condition_, filter, "BItemNumber", "EItemNumber", " AND t1.");
+  AppendCommodityType(condition_, filter);
+  AppendCodeRange(condition_, filter, "BCustNumber", "ECustNumber", " AND t2.");
+  AppendSaleType(condition_, filter);
 }
 
 // --- Fetch
@@ -338,60 +313,50 @@ void Rpt128::ReplacePlaceholders(Dictionary& request) const {
 
 void Rpt128::AddGroupColumns(int sum_mode) {
   const Dictionary& filter = Conditions();
-  const auto text_column = [this](std::string caption, std::string_view column) {
-    AddHeader(*header_, std::move(caption), "", ColumnType::kText, column, true, ForceHide{0});
-  };
-  const auto level_columns = [&](std::string_view caption) {
-    const LevelSpan levels = FilterLevels(filter);
-    for (int i = levels.begin; i <= levels.end; ++i) {
-      text_column(Join(i, ResText(caption)), Join("FName", i));
-    }
-  };
-  const auto customer_column = [&] { text_column(ResText("客户$"), "FCustName"); };
-  const DictionaryRef sum_field = FilterSumField(filter);
-  const std::string property_caption = Join(FilterText(*sum_field, "FName"), "$");
-
+  GroupColumns columns;
   switch (sum_mode) {
     case 1:
-      level_columns("级物料类别$");
+      AddLevelColumns(columns, filter, "级物料类别$");
       break;
     case 2:
-      level_columns("级客户类别$");
+      AddLevelColumns(columns, filter, "级客户类别$");
       break;
     case 3:
-      level_columns("级物料类别$");
-      customer_column();
+      AddLevelColumns(columns, filter, "级物料类别$");
+      AddCustomerColumn(columns);
       break;
     case 4:
-      customer_column();
-      level_columns("级物料类别$");
+      AddCustomerColumn(columns);
+      AddLevelColumns(columns, filter, "级物料类别$");
       break;
     case 8:
-      level_columns("级客户类别$");
-      customer_column();
+      AddLevelColumns(columns, filter, "级客户类别$");
+      AddCustomerColumn(columns);
       break;
     case 9:
-      text_column(ResText("部门$"), "FProp01");
+      columns.push_back({ResText("部门$"), "FProp01"});
       break;
     case 10:
     case 11:
-      text_column(ResText(property_caption), "FProp01");
-      text_column(ResText("业务员$"), "FEmpName");
+      columns.push_back({ResText(Join(FilterText(*FilterSumField(filter), "FName"), "$")), "FProp01"});
+      columns.push_back({ResText("业务员$"), "FEmpName"});
       break;
     case 12:
-      text_column(ResText("业务员$"), "FEmpName");
-      customer_column();
-      level_columns("级物料类别$");
+      columns.push_back({ResText("业务员$"), "FEmpName"});
+      AddCustomerColumn(columns);
+      AddLevelColumns(columns, filter, "级物料类别$");
       break;
     default:
-      text_column(ResText(property_caption),
-                  Join("FProp", FilterText(*sum_field, "FPropID"), FilterText(*sum_field, "FItemClassID")));
+      AddPropertyColumn(columns, filter);
       break;
+  }
+  for (GroupColumn& group : columns) {
+    AddHeader(*header_, std::move(group.caption), "", ColumnType::kText, group.column, true, ForceHide{0});
   }
 }
 
 void Rpt128::AddCommonColumns(ForceHide out_amount, ForceHide invoice_amount) {
-  const bool show = !(IsGrouped(Conditions()) && IsOnlySum());
+  const bool show = !(IsGrouped(Conditions()) && IsOnlySum(Conditions()));
   const auto column = [this](std::string caption, std::string_view name, ColumnType type, bool visible,
                              ForceHide force_hide = {0}) {
     AddHeader(*header_, std::move(caption), "", type, name, visible, force_hide);
@@ -416,14 +381,6 @@ void Rpt128::AddCommonColumns(ForceHide out_amount, ForceHide invoice_amount) {
   column(ResText("出库数量(辅助)$"), "FSecQty", kQuantity, true);
   column(ResText("开票数量(辅助)$"), "FSecInvoiceQty", kQuantity, true);
   column(ResText("未开票数量(辅助)$"), "FSecNInvoiceQty", kQuantity, true);
-}
-
-bool Rpt128::IsOnlySum() const {
-  return FilterNumber(Conditions(), "OnlyShowSum") == 1;
-}
-
-std::string_view Rpt128::SumOnly(std::string_view condition) const {
-  return IsOnlySum() ? condition : std::string_view();
 }
 
 // --- Batch by item
@@ -471,7 +428,7 @@ DictionaryRef Rpt128::BuildByItem() {
                               "\r\n"
                               "Drop Table #DATA2 \r\n"));
   request->Set("Filter", condition_);
-  request->Set("EndSel", Join("SELECT * FROM #DATA  ", SumOnly("WHERE FSumSort>100"),
+  request->Set("EndSel", Join("SELECT * FROM #DATA  ", SumOnly(Conditions(), "WHERE FSumSort>100"),
                               "\r\n"
                               " ORDER BY FID \r\n"
                               "DROP TABLE #DATA  \r\n"));
@@ -485,77 +442,9 @@ DictionaryRef Rpt128::BuildByItem() {
 
 // --- Drill-through
 
-namespace {
-
-// Id of a sale style by its name; "0" for a blank or unknown one.
-std::string GetSaleTypeID(std::string_view name) {
-  if (Trim(name).empty()) return "0";
-  const ObjectRef info = CreateObject("ORVMClass.ClassInfo");
-  const std::string sql = Join(
-      "Select FInterID,FTypeID,FID,FName from t_Submessage where FName=", QuoteSql(name), " and FTypeID=101");
-  const auto rows = As<Recordset>(Call(info, "GetData", GetPropsString(), sql));
-  if (!rows || rows->Eof()) return "0";
-  return rows->Value("FInterID").TextOrEmpty();
-}
-
-}  // namespace
-
 ObjectRef Rpt128::GetDetailReport(std::int32_t row) {
-  if (!rs_) {
-    throw RuntimeError(error_number::kObjectNotSet, std::string(ClassName()),
-                       Join("Rpt128: there are no rows, row ", row, " has no detail"));
-  }
-  rs_->MoveFirst();
-  rs_->Move(row);
-  if (rs_->Value("FSumSort").ToInt32() > 0) return nullptr;
-
-  const Dictionary& filter = Conditions();
-  auto detail_filter = std::make_shared<Dictionary>();
-  for (const std::string_view key :
-       {"BDate", "EDate", "BCustNumber", "ECustNumber", "CheckState", "SaleType", "SaleTypeName", "FROB"}) {
-    detail_filter->Set(key, filter.Get(key));
-  }
-  const Variant code = rs_->Value(CodeField());
-  detail_filter->Set("BItemNumber", code);
-  detail_filter->Set("EItemNumber", code);
-  detail_filter->Set("GroupBy", 0);
-  detail_filter->Set("OnlyShowSum", 0);
-  detail_filter->Set("chkShowItemSum", 1);
-  detail_filter->Set("chkShowDateSum", 0);
-  detail_filter->Set("AuxProp", 0);
-
-  if (IsGrouped(filter)) {
-    const auto customer = [&](std::string_view field) {
-      const Variant number = rs_->Value(field);
-      detail_filter->Set("BCustNumber", number);
-      detail_filter->Set("ECustNumber", number);
-    };
-    const DictionaryRef sum_field = FilterSumField(filter);
-    if (sum_field->Lookup("FName")) {
-      const std::string name = FilterText(*sum_field, "FName");
-      if (name == ResText("客户")) {
-        customer("FPropNumber");
-      } else if (name == ResText("销售方式")) {
-        const std::string style(Trim(rs_->Value("FProp291").TextOrEmpty()));
-        detail_filter->Set("SaleType", GetSaleTypeID(style));
-        detail_filter->Set("SaleTypeName", style);
-      }
-    }
-    const int sum_mode = FilterInt(filter, "SumMode");
-    if (sum_mode == 4 || sum_mode == 12) customer("FCustNumber");
-  }
-
-  ObjectRef detail = CreateObject("ORVSaleRpt.Rpt129");
-  LetMember(detail, "RptID", 128);
-  SetMember(detail, "Filter", detail_filter);
-  LetMember(detail, "ExtFirter", 129);
-  Call(detail, "GetReportData");
-  const auto result = As<Dictionary>(GetMember(detail, "Result"));
-  if (result->Get("OK").ToBoolean()) return detail;
-  const std::string error = result->Get("Error").TextOrEmpty();
-  if (!error.empty()) throw RuntimeError(-1, std::string(ClassName()), error);
-  Runtime::Current().GetToolkit().ResetMousePointer();
-  return nullptr;
+  if (!MoveToDetailRow(rs_, row, ClassName())) return nullptr;
+  return OpenOutboundDetail(ClassName(), Conditions(), *rs_);
 }
 
 }  // namespace salerpt

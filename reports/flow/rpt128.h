@@ -49,8 +49,6 @@ class Rpt128 final : public Report {
   [[nodiscard]] DictionaryRef BuildRequest();
   [[nodiscard]] DictionaryRef BuildByItem();
   void ReplacePlaceholders(Dictionary& request) const;
-  [[nodiscard]] bool IsOnlySum() const;
-  [[nodiscard]] std::string_view SumOnly(std::string_view condition) const;
 
   // --- rpt128_levels.cpp: batches by class levels
   [[nodiscard]] DictionaryRef BuildByLevel(LevelKind kind, int sum_mode);

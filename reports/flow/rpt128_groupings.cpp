@@ -34,7 +34,7 @@ DictionaryRef Rpt128::GroupedRequest(std::string_view fill, const std::string& c
   request->Set("GROUPBY", Join(group_by, "\r\n"));
   request->Set("Append", Join(update_text_, "\r\n", resort, "\r\n"
                               "Drop Table #DATA2 \r\n"));
-  request->Set("EndSel", Join("SELECT * FROM #DATA  ", SumOnly("WHERE FSumSort>100"), "\r\n"
+  request->Set("EndSel", Join("SELECT * FROM #DATA  ", SumOnly(Conditions(), "WHERE FSumSort>100"), "\r\n"
                               " Order by FID \r\n"
                               "DROP TABLE #DATA  \r\n"));
   request->Set("ITEMFILTER", item_filter_template_);
@@ -108,7 +108,7 @@ DictionaryRef Rpt128::BuildByProperty() {
                               "FCommitQty,FCommitAmount,FNotCommitAmount,FNotCommitQty,FConsignAmount,FCUUnitName,"
                               "FCuUnitOutQty,\r\n"
                               "FCuUnitCommitQty , FCuUnitNotCommitQty, FSumSort, FID,FSecUnitName,FSecQty,FSecInvoiceQty,"
-                              "FSecNInvoiceQty FROM #DATA", SumOnly(" WHERE FSumSort>100"), "\r\n"
+                              "FSecNInvoiceQty FROM #DATA", SumOnly(Conditions(), " WHERE FSumSort>100"), "\r\n"
                               "Order by FID    \r\n"
                               "DROP TABLE #DATA  \r\n"));
   request->Set("UpdateAppend", Join("update t1 set t1.", property, "=t2.FName+t1.", property,

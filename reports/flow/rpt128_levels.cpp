@@ -207,7 +207,7 @@ DictionaryRef Rpt128::BuildByLevel(LevelKind kind, int sum_mode) {
                                 "FCUUnitCommitQty,FCUUnitNotCommitQty,FSumSort,FID,FSecUnitName,FSecQty,"
                                 "FSecInvoiceQty,FSecNInvoiceQty"
                                 "  FROM #DATA  ",
-                                SumOnly(" WHERE FSumSort>100"),
+                                SumOnly(Conditions(), " WHERE FSumSort>100"),
                                 "\r\n"
                                 "Order by FID \r\n"
                                 "DROP TABLE #DATA  \r\n"
@@ -216,7 +216,7 @@ DictionaryRef Rpt128::BuildByLevel(LevelKind kind, int sum_mode) {
     request->Set("EndSel", Join(texts.labels,
                                 "\r\n"
                                 "SELECT * FROM #DATA  ",
-                                SumOnly("WHERE FSumSort>100"),
+                                SumOnly(Conditions(), "WHERE FSumSort>100"),
                                 "\r\n"
                                 " Order by FID \r\n"
                                 "DROP TABLE #DATA  \r\n"
