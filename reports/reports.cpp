@@ -2,6 +2,8 @@
 
 #include "dialogs/unattended_dialog.h"
 #include "reports/flow/rpt128.h"
+#include "reports/flow/rpt134.h"
+#include "reports/flow/rpt135.h"
 #include "reports/flow/rpt147.h"
 #include "runtime/get_info.h"
 
@@ -17,6 +19,8 @@ void RegisterReport(Runtime& runtime, std::string_view class_name) {
 
 void RegisterReports(Runtime& runtime) {
   RegisterReport<Rpt128>(runtime, "Rpt128");
+  RegisterReport<Rpt134>(runtime, "Rpt134");
+  RegisterReport<Rpt135>(runtime, "Rpt135");
   RegisterReport<Rpt147>(runtime, "Rpt147");
   runtime.Register("ORVSaleRpt.GetInfo", [] { return std::make_shared<GetInfo>(); });
   RegisterUnattendedDialogs(runtime);

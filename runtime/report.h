@@ -107,6 +107,8 @@ class Report : public Object {
   [[nodiscard]] Bar& Progress() const;
   // Ends the progress dialog, if one shows.
   void UnloadProgress();
+  // The number of the filter plan family: the numeric value of the extended filter text.
+  [[nodiscard]] std::int32_t PlanFamily() const;
   // Takes back a filter that went to the middle tier by reference.
   void ReplaceFilter(const Variant& filter);
 
@@ -124,7 +126,6 @@ class Report : public Object {
   void TrySetUp();
   void SetUp();
   void RetrySetUp();
-  [[nodiscard]] std::int32_t PlanFamily() const;
   void FinishFetch();
   void FailFetch(const std::exception& failure);
   void SetResult(bool ok, std::string_view error);

@@ -102,12 +102,16 @@ std::vector<std::string_view> KeysOf(const Dictionary& filter) {
 // code.
 void RequireListedSumMode(const UnattendedDialog& dialog, const Choice& choice, const Variant& value) {
   if (!EqualNames(choice.key, "SumMode")) return;
-  const DialogTable* table = FindDialogTable(dialog.Name());
-  if (table == nullptr || table->group_by.empty()) return;
+  const DialogTable& table = dialog.Table();
+  if (table.group_by.empty()) return;
   std::string codes;
-  for (const DialogTable::GroupByRow& row : table->group_by) {
+  for (const DialogTable::GroupByRow& row : table.group_by) {
     if (row.code == value.ToInt32()) return;
     Append(codes, codes.empty() ? "" : ", ", row.code, " (", row.text, ")");
+  }
+  if (table.has_properties) {
+    if (value.ToInt32() == 0) return;
+    codes += ", 0 (a property, given as \"SumField\")";
   }
   Refuse(choice, Join("one of ", codes));
 }

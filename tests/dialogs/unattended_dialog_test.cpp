@@ -287,6 +287,158 @@ TEST_F(UnattendedDialogTest, DescribesTheOtherRowsWithNeitherClassNorName) {
   }
 }
 
+// --- The dialogs of the sales flow
+
+struct KeysCase {
+  const char* dialog;
+  const char* keys;
+};
+
+class UnattendedKeysTest : public UnattendedDialogTest, public ::testing::WithParamInterface<KeysCase> {};
+
+TEST_P(UnattendedKeysTest, WritesTheKeysInOrder) {
+  UnattendedDialog dialog = Open(GetParam().dialog);
+  EXPECT_EQ(Keys(*Confirmed(dialog)), GetParam().keys);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    SalesFlow, UnattendedKeysTest,
+    ::testing::Values(
+        KeysCase{"frmFirter126",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BDeptNumber EDeptNumber "
+                 "BEmpNumber EEmpNumber GroupBy OnlyShowSum BLevel ELevel SumMode SumName SaleType "
+                 "SaleTypeName HookStatus CurrencyShow SumField CheckState AuxProp BillType chkNextChoose "
+                 "CommodityType"},
+        KeysCase{"frmFirter129",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber GroupBy OnlyShowSum "
+                 "SaleType SaleTypeName BBatchNo EBatchNo BLevel ELevel SumMode SumName SumField CheckState "
+                 "FROB AuxProp chkShowItemSum chkShowDateSum OrderBy chkNextChoose CommodityType"},
+        KeysCase{"frmFirter134",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber CheckState SaleType "
+                 "SaleTypeName AuxProp HookStatus chkNextChoose CommodityType"},
+        KeysCase{"frmFirter135",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber CheckState SaleType "
+                 "SaleTypeName AuxProp HookStatus chkNextChoose CommodityType"},
+        KeysCase{"frmFirter176",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BDept EDept BEmp EEmp "
+                 "GroupBy OnlyShowSum BLevel ELevel SumMode SumName SaleType SaleTypeName SumField "
+                 "CheckState Cost IncludeTax TaxSource"},
+        KeysCase{"frmFirter301",
+                 "OK BDate EDate BItemClass BFeeNumber EFeeNumber BCust ECust BSupply ESupply GroupBy "
+                 "OnlyShowSum BLevel ELevel SumMode SumField CheckState InvoiceStyle HookStatus"},
+        KeysCase{"frmFirter302",
+                 "OK BDate EDate BItemClass BFeeNumber EFeeNumber BCust ECust BSupply ESupply CheckState "
+                 "OrderBy InvoiceStyle HookStatus"},
+        KeysCase{"FrmFilter303",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BDptNumber EDptNumber "
+                 "BEmpNumber EEmpNumber GroupBy OnlyShowSum ShowVirtualStock BLevel ELevel SumMode SumField "
+                 "CheckState chkNextChoose CommodityType"}),
+    [](const ::testing::TestParamInfo<KeysCase>& tested) { return std::string(tested.param.dialog); });
+
+struct DefaultCase {
+  const char* dialog;
+  const char* key;
+  const char* value;
+};
+
+class UnattendedDefaultTest : public UnattendedDialogTest,
+                              public ::testing::WithParamInterface<DefaultCase> {};
+
+TEST_P(UnattendedDefaultTest, OpensWithTheDefault) {
+  UnattendedDialog dialog = Open(GetParam().dialog);
+  EXPECT_EQ(Shown(Confirmed(dialog)->Get(GetParam().key)), GetParam().value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    SalesFlow, UnattendedDefaultTest,
+    ::testing::Values(
+        // The value of the box of hook states is its place less one: the first row is all.
+        DefaultCase{"frmFirter126", "HookStatus", "32-bit integer -1"},
+        DefaultCase{"frmFirter126", "BillType", "32-bit integer 0"},
+        DefaultCase{"frmFirter126", "CurrencyShow", "32-bit integer 0"},
+        DefaultCase{"frmFirter126", "AuxProp", "32-bit integer 0"},
+        DefaultCase{"frmFirter129", "AuxProp", "32-bit integer 1"},
+        DefaultCase{"frmFirter129", "chkShowItemSum", "32-bit integer 1"},
+        DefaultCase{"frmFirter129", "chkShowDateSum", "32-bit integer 0"},
+        DefaultCase{"frmFirter129", "OrderBy", "text "},
+        DefaultCase{"frmFirter134", "HookStatus", "32-bit integer -1"},
+        DefaultCase{"frmFirter135", "HookStatus", "32-bit integer -1"},
+        DefaultCase{"frmFirter135", "AuxProp", "32-bit integer 1"},
+        // The fee invoices' box of hook states counts from its first row, "已钩稽", and opens on all.
+        DefaultCase{"frmFirter301", "HookStatus", "32-bit integer 2"},
+        DefaultCase{"frmFirter301", "InvoiceStyle", "32-bit integer 0"},
+        DefaultCase{"frmFirter302", "HookStatus", "32-bit integer 2"},
+        // A plan without an order sorts by the item code, here too.
+        DefaultCase{"frmFirter302", "OrderBy", "text FNumber ASC"},
+        DefaultCase{"FrmFilter303", "ShowVirtualStock", "32-bit integer 1"}),
+    [](const ::testing::TestParamInfo<DefaultCase>& tested) {
+      return std::string(tested.param.dialog) + "_" + tested.param.key;
+    });
+
+TEST_F(UnattendedDialogTest, TakesThePurchaseTaxOptionsFromTheSystem) {
+  profile_->On("GetProfile", [](Arguments arguments) -> Variant {
+    if (arguments[2].ToText() == "POOrderTaxInPrice") return "1";
+    return arguments[2].ToText() == "PurTaxRateOption" ? Variant("2") : Variant("0");
+  });
+  UnattendedDialog dialog = Open("frmFirter176");
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("IncludeTax").ToInt32(), 1);
+  EXPECT_EQ(filter->Get("TaxSource").ToInt32(), 2);
+}
+
+struct SumByCase {
+  const char* dialog;
+  int code;
+  int written;       // "SumMode"
+  int item_class;    // 0: no class
+  const char* name;  // of "SumField"; empty: none
+};
+
+class UnattendedSumByTest : public UnattendedDialogTest, public ::testing::WithParamInterface<SumByCase> {};
+
+TEST_P(UnattendedSumByTest, DescribesTheRow) {
+  const SumByCase& row = GetParam();
+  UnattendedDialog dialog = Open(row.dialog);
+  dialog.Choose("SumMode", row.code);
+  const DictionaryRef filter = Confirmed(dialog);
+  EXPECT_EQ(filter->Get("SumMode").ToInt32(), row.written);
+  const auto field = As<Dictionary>(filter->Get("SumField"));
+  EXPECT_EQ(field->Lookup("FItemClassID"), row.item_class != 0);
+  EXPECT_EQ(field->Get("FItemClassID").TextOrEmpty(),
+            row.item_class == 0 ? "" : std::to_string(row.item_class));
+  EXPECT_EQ(field->Get("FName").TextOrEmpty(), row.name);
+  ExpectPlainColumn(*field);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    SalesFlow, UnattendedSumByTest,
+    ::testing::Values(
+        SumByCase{"frmFirter126", 4, 4, 0, ""}, SumByCase{"frmFirter126", 5, 0, 1, "客户"},
+        SumByCase{"frmFirter126", 6, 6, 2, "部门"}, SumByCase{"frmFirter126", 7, 7, 3, "业务员"},
+        SumByCase{"frmFirter129", 5, 0, 1, "客户"}, SumByCase{"frmFirter129", 3, 3, 0, ""},
+        SumByCase{"frmFirter176", 5, 0, 1, "客户"}, SumByCase{"frmFirter176", 6, 0, 2, "部门"},
+        SumByCase{"FrmFilter303", 5, 0, 1, "客户"}, SumByCase{"FrmFilter303", 6, 0, 3, "业务员"},
+        SumByCase{"FrmFilter303", 7, 0, 2, "部门"}, SumByCase{"frmFirter301", 2, 0, 2014, "费用类型"},
+        SumByCase{"frmFirter301", 6, 0, 8, "供应商"}, SumByCase{"frmFirter301", 5, 5, 0, ""}),
+    [](const ::testing::TestParamInfo<SumByCase>& tested) {
+      return std::string(tested.param.dialog) + "_" + std::to_string(tested.param.code);
+    });
+
+// The rows of the fee invoices follow the side of the invoice.
+TEST_F(UnattendedDialogTest, SumsReceivableFeeInvoicesByCustomers) {
+  reports_->On("GetItemMaxLevel",
+               [](Arguments arguments) -> Variant { return arguments[1].ToInt32() == 1 ? 2 : 4; });
+  UnattendedDialog dialog = Open("frmFirter301");
+  dialog.Choose("InvoiceStyle", 1);
+  dialog.Choose("SumMode", 6);
+  const auto field = As<Dictionary>(Confirmed(dialog)->Get("SumField"));
+  EXPECT_EQ(field->Get("FItemClassID").ToInt32(), 1);
+  EXPECT_EQ(field->Get("FName").ToText(), "客户");
+  dialog.Choose("SumMode", 3);
+  EXPECT_EQ(Confirmed(dialog)->Get("ELevel").ToInt32(), 2);
+  EXPECT_EQ(dialog.Table().group_by[2].text, "客户类别");
+}
+
 // --- Choosing
 
 TEST_F(UnattendedDialogTest, ConfirmsWhatWasChosenInItsPlace) {
@@ -359,7 +511,7 @@ TEST_F(UnattendedDialogTest, ConfirmsForAPlanToo) {
 }
 
 TEST_F(UnattendedDialogTest, HasNoTableForOtherDialogs) {
-  EXPECT_EQ(FindDialogTable("frmFirter126"), nullptr);
+  EXPECT_EQ(FindDialogTable("frmFirter136"), nullptr);
   EXPECT_EQ(FindDialogTable(""), nullptr);
   EXPECT_NE(FindDialogTable("FRMFIRTER128"), nullptr);
 }
