@@ -1,6 +1,6 @@
-// Building a request of the outbound summary, from the host's call to the middle tier's: title, condition,
-// columns, batch. The middle tier is a recorder that drops what it gets. The peer appends 37 KB of text, the
-// size of a large batch, in pieces of 100 characters.
+// Building a request of each report, from the host's call to the middle tier's: title, condition, columns,
+// batch. The middle tier is a recorder that drops what it gets. The peer appends 37 KB of text, the size of a
+// large batch, in pieces of 100 characters.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ struct BatchCount {
   bool counts = false;
   void Start() {
     total = 0;
-    counts = false;
+    Resume();
   }
   void Resume() {
     begin = allocations;
@@ -64,8 +64,6 @@ using salerpt::Call;
 using salerpt::ObjectRef;
 using salerpt::Runtime;
 using salerpt::Variant;
-using salerpt::testing::FakeRef;
-using salerpt::testing::LogIn;
 using salerpt::testing::RegisterFake;
 
 // The middle tier's answers without the recording.
@@ -82,7 +80,6 @@ class SilentTrue final : public salerpt::Object {
   [[nodiscard]] std::string_view ClassName() const override { return "ORVEBCGLView.GLData"; }
   Variant Invoke(std::string_view, salerpt::InvokeKind, salerpt::Arguments) override {
     batch.Start();
-    batch.Resume();
     return true;
   }
 };
@@ -136,7 +133,13 @@ struct World {
   }
 };
 
-void BM_Request(benchmark::State& state) {
+void RequireSuccess(benchmark::State& state, const ObjectRef& report) {
+  const auto result = salerpt::As<salerpt::Dictionary>(GetMember(report, "Result"));
+  if (!result->Get("OK").ToBoolean()) state.SkipWithError(result->Get("Error").TextOrEmpty().c_str());
+}
+
+// The outbound summary, with what it allocates.
+void BM_OutboundSummary(benchmark::State& state) {
   World world;
   const ObjectRef report = salerpt::CreateObject("ORVSaleRpt.Rpt128");
   salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable("frmFirter128"));
@@ -158,14 +161,49 @@ void BM_Request(benchmark::State& state) {
     most = std::max(most, allocations - before);
     most_of_batch = std::max(most_of_batch, batch.total - columns);
   }
-  const auto result = salerpt::As<salerpt::Dictionary>(GetMember(report, "Result"));
-  if (!result->Get("OK").ToBoolean()) state.SkipWithError(result->Get("Error").TextOrEmpty().c_str());
+  RequireSuccess(state, report);
   state.counters["allocations"] = static_cast<double>(most);
   state.counters["of_batch"] = static_cast<double>(most_of_batch);
 }
-BENCHMARK(BM_Request)
+BENCHMARK(BM_OutboundSummary)
     ->ArgNames({"SumMode", "ordered"})
     ->ArgsProduct({{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, {0, 1}});
+
+// Any report of the sales flow: class, and the row of "sum by"; no grouping where there is none.
+void BM_Request(benchmark::State& state, const char* class_name, const char* dialog_name, int sum_mode) {
+  World world;
+  const ObjectRef report = salerpt::CreateObject(salerpt::Join("ORVSaleRpt.", class_name));
+  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable(dialog_name));
+  dialog.Choose("BDate", "2024-01-01");
+  dialog.Choose("EDate", "2024-12-31");
+  if (dialog.HasKey("GroupBy")) dialog.Choose("GroupBy", sum_mode == 0 ? 0 : 1);
+  if (sum_mode != 0) dialog.Choose("SumMode", sum_mode);
+  dialog.Confirm();
+  SetMember(report, "Filter", dialog.Filter());
+  for (auto _ : state) Call(report, "GetReportData");
+  RequireSuccess(state, report);
+}
+
+const bool kRegistered = [] {
+  struct Case {
+    const char* class_name;
+    const char* dialog;
+  };
+  constexpr Case kCases[] = {
+      {"Rpt126", "frmFirter126"}, {"Rpt129", "frmFirter129"}, {"Rpt133", "frmFirter126"},
+      {"Rpt134", "frmFirter134"}, {"Rpt135", "frmFirter135"}, {"Rpt176", "frmFirter176"},
+      {"Rpt301", "frmFirter301"}, {"Rpt302", "frmFirter302"}, {"Rpt303", "FrmFilter303"},
+  };
+  for (const auto& [class_name, dialog] : kCases) {
+    const auto add = [&](int sum_mode) {
+      benchmark::RegisterBenchmark(salerpt::Join("BM_Request/", class_name, "/SumMode:", sum_mode).c_str(),
+                                   BM_Request, class_name, dialog, sum_mode);
+    };
+    add(0);
+    for (const auto& row : salerpt::FindDialogTable(dialog)->group_by) add(row.code);
+  }
+  return true;
+}();
 
 void BM_PeerAppend37KB(benchmark::State& state) {
   const std::string piece(100, 'x');

@@ -154,8 +154,7 @@ Sql Translator::VariableValue(const Expression& e) const {
 
 Sql Translator::ColumnValue(const Expression& e, const Scope& scope) {
   const ResolvedColumn column = Resolve(e.name, scope);
-  if (column.scope->groups != nullptr && !column.scope->groups->suspended)
-    return GroupColumn(column, e, scope);
+  if (column.scope->groups != nullptr && !column.scope->groups->suspended) return GroupColumn(column);
   Sql result;
   result.text = column.GetSource().ColumnSql(column.column);
   result.type = column.Info().type;

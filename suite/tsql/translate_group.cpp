@@ -89,7 +89,7 @@ bool Translator::GroupKey(const Expression& e, const Scope& scope, Sql& key) {
 }
 
 // A column outside aggregates: one of the keys, also when a subquery names it.
-Sql Translator::GroupColumn(const ResolvedColumn& column, const Expression& e, const Scope& scope) {
+Sql Translator::GroupColumn(const ResolvedColumn& column) {
   GroupContext& groups = *column.scope->groups;
   for (std::size_t i = 0; i < groups.keys.size(); ++i) {
     const Expression& key = *groups.block->group_by[i];
@@ -104,8 +104,6 @@ Sql Translator::GroupColumn(const ResolvedColumn& column, const Expression& e, c
     }
     return result;
   }
-  static_cast<void>(e);
-  static_cast<void>(scope);
   const std::string name = column.GetSource().alias + "." + column.Info().name;
   if (groups.error == 8127) {
     Raise(8127,

@@ -130,7 +130,7 @@ class Translator {
   Sql RollupAggregate(const Expression& e, const Sql& argument, GroupContext& groups) const;
   Sql GroupingFlag(const Expression& e, const Scope& scope);
   bool GroupKey(const Expression& e, const Scope& scope, Sql& key);
-  Sql GroupColumn(const ResolvedColumn& column, const Expression& e, const Scope& scope);
+  Sql GroupColumn(const ResolvedColumn& column);
   [[nodiscard]] std::string AddAggregate(GroupContext& groups, AggregateKind kind, const Sql* argument) const;
   void PrepareGroups(const QueryBlock& block, Scope& scope, GroupContext& groups);
 
