@@ -19,11 +19,11 @@ bool MoveToDetailRow(const RecordsetRef& rows, std::int32_t row, std::string_vie
 }
 
 ObjectRef RunDetailReport(std::string_view parent, std::string_view prog_id, std::int32_t number,
-                          std::int32_t family, const DictionaryRef& filter) {
+                          std::optional<std::int32_t> family, const DictionaryRef& filter) {
   ObjectRef detail = CreateObject(prog_id);
   LetMember(detail, "RptID", number);
   SetMember(detail, "Filter", filter);
-  LetMember(detail, "ExtFirter", family);
+  if (family) LetMember(detail, "ExtFirter", *family);
   Call(detail, "GetReportData");
   const auto result = As<Dictionary>(GetMember(detail, "Result"));
   if (result->Get("OK").ToBoolean()) return detail;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "runtime/dictionary.h"
@@ -16,10 +17,10 @@ namespace salerpt {
 bool MoveToDetailRow(const RecordsetRef& rows, std::int32_t row, std::string_view parent);
 
 // Makes a report and runs it in the host's calling order: `RptID` is the number that the parent knows it by,
-// `family` the plan family, `filter` its conditions. Gives the report; raises with number -1 and source
-// `parent` the error that it answered; gives nothing, with the pointer back to normal, where it failed
-// without a word.
+// `family` the plan family (nothing: the report keeps its own), `filter` its conditions. Gives the report;
+// raises with number -1 and source `parent` the error that it answered; gives nothing, with the pointer back
+// to normal, where it failed without a word.
 ObjectRef RunDetailReport(std::string_view parent, std::string_view prog_id, std::int32_t number,
-                          std::int32_t family, const DictionaryRef& filter);
+                          std::optional<std::int32_t> family, const DictionaryRef& filter);
 
 }  // namespace salerpt

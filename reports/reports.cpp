@@ -1,10 +1,17 @@
 #include "reports/reports.h"
 
 #include "dialogs/unattended_dialog.h"
+#include "reports/flow/rpt126.h"
 #include "reports/flow/rpt128.h"
+#include "reports/flow/rpt129.h"
+#include "reports/flow/rpt133.h"
 #include "reports/flow/rpt134.h"
 #include "reports/flow/rpt135.h"
 #include "reports/flow/rpt147.h"
+#include "reports/flow/rpt176.h"
+#include "reports/flow/rpt301.h"
+#include "reports/flow/rpt302.h"
+#include "reports/flow/rpt303.h"
 #include "runtime/get_info.h"
 
 namespace salerpt {
@@ -18,10 +25,17 @@ void RegisterReport(Runtime& runtime, std::string_view class_name) {
 }  // namespace
 
 void RegisterReports(Runtime& runtime) {
+  RegisterReport<Rpt126>(runtime, "Rpt126");
   RegisterReport<Rpt128>(runtime, "Rpt128");
+  RegisterReport<Rpt129>(runtime, "Rpt129");
+  RegisterReport<Rpt133>(runtime, "Rpt133");
   RegisterReport<Rpt134>(runtime, "Rpt134");
   RegisterReport<Rpt135>(runtime, "Rpt135");
   RegisterReport<Rpt147>(runtime, "Rpt147");
+  RegisterReport<Rpt176>(runtime, "Rpt176");
+  RegisterReport<Rpt301>(runtime, "Rpt301");
+  RegisterReport<Rpt302>(runtime, "Rpt302");
+  RegisterReport<Rpt303>(runtime, "Rpt303");
   runtime.Register("ORVSaleRpt.GetInfo", [] { return std::make_shared<GetInfo>(); });
   RegisterUnattendedDialogs(runtime);
 }

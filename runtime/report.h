@@ -28,7 +28,7 @@ class Report : public Object {
 
   // --- Members of the interface; their order differs by class and stands in the class's member table.
   [[nodiscard]] std::int32_t RptID() const { return rpt_id_; }
-  void SetRptID(std::int32_t number) { rpt_id_ = number; }
+  virtual void SetRptID(std::int32_t number) { rpt_id_ = number; }
   [[nodiscard]] const DictionaryRef& Filter() const { return filter_; }
   // Takes the conditions; nothing takes the report back to the state of a failed filter.
   void SetFilter(DictionaryRef filter);

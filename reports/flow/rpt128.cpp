@@ -36,7 +36,8 @@ void Rpt128::InitProperty(std::int32_t number) {
   const std::string& join = right.from_text;
   const std::string invoice_join = Replace(right.from_text, "FSupplyID", "FCustID");
   const std::string invoice_where = Replace(right.where_text, "FSupplyID", "FCustID");
-  // clang-format off: the texts stand as they are sent
+  // The texts stand as they are sent.
+  // clang-format off
   fill_text_ = Join(
       " Create Table #DATA2 ( "
       "     FIndex int IDENTITY, \r\n"
@@ -385,7 +386,8 @@ void Rpt128::AddCommonColumns(ForceHide out_amount, ForceHide invoice_amount) {
 
 // --- Batch by item
 
-// clang-format off: the texts stand as they are sent
+// The texts stand as they are sent.
+// clang-format off
 DictionaryRef Rpt128::BuildByItem() {
   std::string create = Join("CREATE TABLE #DATA(", column_definitions_);
   std::string insert = Join(

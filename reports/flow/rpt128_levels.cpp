@@ -10,7 +10,8 @@
 
 namespace salerpt {
 
-// clang-format off: the texts stand as they are sent
+// The texts stand as they are sent.
+// clang-format off
 struct Rpt128::LevelTexts {
   std::string columns;   // L: column definitions of the groups
   std::string select;    // S: select head
