@@ -1,5 +1,6 @@
 // `salerpt drill`: the detail report of a row.
 #include <memory>
+#include <utility>
 
 #include "shell/commands.h"
 #include "shell/host.h"
@@ -15,9 +16,9 @@ struct DrillOptions : ReportOptions {
 void RunDrill(const DrillOptions& options, Shell& shell) {
   const ReportClass& report_class = RequireReportClass(options.report_class);
   static_cast<void>(FormatOf(options));
-  const std::vector<Choice> choices = ReadChoices(options);
+  std::vector<Choice> choices = ReadChoices(options);
   Host host(options.db, shell, ProgressStyle(shell, options.progress));
-  const ObjectRef report = host.Fetch(report_class, host.Conditions(report_class, choices));
+  const ObjectRef report = host.Run(report_class, std::move(choices));
   Deliver(host.Read(host.Detail(report_class, report, options.row)), options, shell);
 }
 

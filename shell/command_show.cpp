@@ -1,5 +1,6 @@
 // `salerpt show`: runs a report and prints what it answers.
 #include <memory>
+#include <utility>
 
 #include "shell/commands.h"
 #include "shell/host.h"
@@ -11,9 +12,9 @@ namespace {
 void RunShow(const ReportOptions& options, Shell& shell) {
   const ReportClass& report_class = RequireReportClass(options.report_class);
   static_cast<void>(FormatOf(options));  // a mistyped name is told before the work, not after it
-  const std::vector<Choice> choices = ReadChoices(options);
+  std::vector<Choice> choices = ReadChoices(options);
   Host host(options.db, shell, ProgressStyle(shell, options.progress));
-  const ObjectRef report = host.Fetch(report_class, host.Conditions(report_class, choices));
+  const ObjectRef report = host.Run(report_class, std::move(choices));
   Deliver(host.Read(report), options, shell);
 }
 

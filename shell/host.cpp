@@ -68,8 +68,20 @@ DictionaryRef Host::Conditions(const ReportClass& report_class, const std::vecto
   return Confirm(*unattended, choices);
 }
 
-ObjectRef Host::Fetch(const ReportClass& report_class, const DictionaryRef& filter) {
+ObjectRef Host::Run(const ReportClass& report_class, std::vector<Choice> choices) {
+  std::optional<std::int32_t> number;
+  std::erase_if(choices, [&number](const Choice& choice) {
+    if (!EqualNames(choice.key, "RptID")) return false;
+    number = TypedValue(choice, std::int32_t{0}).ToInt32();
+    return true;
+  });
+  return Fetch(report_class, Conditions(report_class, choices), number);
+}
+
+ObjectRef Host::Fetch(const ReportClass& report_class, const DictionaryRef& filter,
+                      std::optional<std::int32_t> number) {
   ObjectRef report = CreateObject(ReportProgID(report_class.name));
+  if (number) LetMember(report, "RptID", *number);
   SetMember(report, "Filter", filter);
   Call(report, "GetReportData");
   RequireSuccess(report_class.name, report);

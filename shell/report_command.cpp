@@ -19,7 +19,9 @@ constexpr std::string_view kPlain = "\x1b[0m";
 constexpr const char* kFooter =
     "KEY=VALUE sets a condition of the report's dialog, such as BDate=2024-01-01, GroupBy=1 or SumMode=2; "
     "what is\n"
-    "not given takes the dialog's default. An unknown key is answered with the known ones.\n"
+    "not given takes the dialog's default. An unknown key is answered with the known ones. RptID=304 sets "
+    "the\n"
+    "report's number: Rpt303 shows the instalment list then.\n"
     "FILE.json holds the same as one object, nested objects (SumField) included; KEY=VALUE wins over it.\n"
     "Every format carries the title lines and, for every row, FSumSort: 0 for a detail row, above 0 for a "
     "total\n"

@@ -178,7 +178,7 @@ DictionaryRef Rpt129::BuildByProperty() const {
     const std::string display = FilterText(*sum_field, "FDisplayField");
     const std::string sum_sort = Join(" CASE WHEN GROUPING(tt2.", display, ")=1 THEN 101\r\n"
                                       " WHEN  GROUPING(t1.FNumber)=1 THEN 102 ELSE 0 END ");
-    insert = Join("Insert Into #Data Select CASE WHEN   GROUPING(tt2.", display, ")=1 THEN '" "合计" "'\r\n"
+    insert = Join("Insert Into #DATA Select CASE WHEN   GROUPING(tt2.", display, ")=1 THEN '" "合计" "'\r\n"
                   "WHEN   GROUPING(t1.FNumber)=1 THEN  CONVERT(varchar(355),tt2.", display, ")+'("
                   "小计" ")' \r\n"
                   " ELSE CONVERT(varchar(355),tt2.", display, ") END, \r\n",

@@ -1,17 +1,15 @@
 #include "suite/middletier/item_columns.h"
 
 #include <string>
-#include <vector>
 
 #include "runtime/text.h"
+#include "suite/middletier/table_columns.h"
 
 namespace salerpt::middletier {
 namespace {
 
-constexpr std::int32_t kInvalidObjectName = 208;
-
 // What fills a column, and which table it is read from.
-enum class Source : std::uint8_t { kItem, kBaseUnit, kSaleUnit, kSecondaryUnit };
+enum class Source : std::uint8_t { kItem, kBaseUnit, kCommonUnit, kSecondaryUnit };
 struct ItemColumn {
   std::string_view name;
   std::string_view value;
@@ -23,56 +21,26 @@ constexpr ItemColumn kItemColumns[] = {
     {"FName", "t2.FName", Source::kItem, true},
     {"FModel", "t2.FModel", Source::kItem, true},
     {"FUnitName", "u1.FName", Source::kBaseUnit, true},
-    {"FCUUnitName", "u2.FName", Source::kSaleUnit, true},
+    {"FCUUnitName", "u2.FName", Source::kCommonUnit, true},
     {"FSecUnitName", "Case When u3.FName='*' Then '' Else u3.FName End", Source::kSecondaryUnit, true},
     {"FQtyDecimal", "t2.FQtyDecimal", Source::kItem, false},
     {"FPriceDecimal", "t2.FPriceDecimal", Source::kItem, false},
 };
 
-std::string_view JoinOf(Source source) {
+std::string_view JoinOf(Source source, CommonUnit common_unit) {
   switch (source) {
     case Source::kItem:
       return "";
     case Source::kBaseUnit:
       return " Left Join t_MeasureUnit u1 On t2.FUnitGroupID=u1.FUnitGroupID And u1.FStandard=1";
-    case Source::kSaleUnit:
-      return " Left Join t_MeasureUnit u2 On t2.FSaleUnitID=u2.FMeasureUnitID";
+    case Source::kCommonUnit:
+      return common_unit == CommonUnit::kSaleUnit
+                 ? " Left Join t_MeasureUnit u2 On t2.FSaleUnitID=u2.FMeasureUnitID"
+                 : " Left Join t_MeasureUnit u2 On t2.FCUUnitID=u2.FMeasureUnitID";
     case Source::kSecondaryUnit:
       return " Left Join t_MeasureUnit u3 On t2.FSecUnitID=u3.FMeasureUnitID";
   }
   return "";
-}
-
-// Keeps the names of the columns, drops the rows.
-class ColumnNames final : public tsql::RowSink {
- public:
-  void BeginRows(std::span<const tsql::Column> columns) override {
-    for (const tsql::Column& column : columns) names_.push_back(column.name);
-  }
-  void Row(std::span<const tsql::Value> /*cells*/) override {}
-  void EndRows() override {}
-
-  [[nodiscard]] bool Empty() const { return names_.empty(); }
-  [[nodiscard]] bool Has(std::string_view name) const {
-    for (const std::string& known : names_) {
-      if (EqualNames(known, name)) return true;
-    }
-    return false;
-  }
-
- private:
-  std::vector<std::string> names_;
-};
-
-// The columns of a table; none where there is no such table.
-ColumnNames ColumnsOf(tsql::Session& session, std::string_view table) {
-  ColumnNames columns;
-  try {
-    session.Execute(Join("Select * From ", table, " Where 1=0"), columns);
-  } catch (const tsql::TsqlError& error) {
-    if (error.Number() != kInvalidObjectName) throw;
-  }
-  return columns;
 }
 
 std::string AssignmentOf(const ItemColumn& column) {
@@ -83,27 +51,26 @@ std::string AssignmentOf(const ItemColumn& column) {
 }
 
 // One statement for all columns; empty where the table has none of them.
-std::string FillStatement(const ColumnNames& columns, std::string_view table) {
+std::string FillStatement(const TableColumns& columns, std::string_view table, CommonUnit common_unit) {
   std::string assignments;
   std::string joins;
   for (const ItemColumn& column : kItemColumns) {
     if (!columns.Has(column.name)) continue;
     Append(assignments, assignments.empty() ? "" : ",", AssignmentOf(column));
-    joins += JoinOf(column.source);
+    joins += JoinOf(column.source, common_unit);
   }
   if (assignments.empty()) return "";
   return Join("Update t1 Set ", assignments, " From ", table,
-              " t1 Inner Join t_ICItem t2 On t1.FNumber=t2.FNumber", joins,
-              columns.Has("FSumSort") ? " Where t1.FSumSort=0" : "");
+              " t1 Inner Join t_ICItem t2 On t1.FNumber=t2.FNumber", joins);
 }
 
 }  // namespace
 
-bool FillItemColumns(tsql::Session& session, std::string_view table) {
-  const ColumnNames columns = ColumnsOf(session, table);
+bool FillItemColumns(tsql::Session& session, std::string_view table, CommonUnit common_unit) {
+  const TableColumns columns(session, table);
   if (columns.Empty()) return false;
   if (!columns.Has("FNumber")) return true;
-  if (const std::string statement = FillStatement(columns, table); !statement.empty())
+  if (const std::string statement = FillStatement(columns, table, common_unit); !statement.empty())
     session.Execute(statement);
   return true;
 }

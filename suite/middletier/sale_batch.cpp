@@ -18,15 +18,11 @@ void RunPart(tsql::Session& session, const std::string& batch) {
   if (!Trim(batch).empty()) session.Execute(batch);
 }
 
-bool FillWorkingTable(tsql::Session& session) {
-  return FillItemColumns(session, "#TemData") || FillItemColumns(session, "#DATA");
-}
-
-RecordsetRef RunParts(tsql::Session& session, const Dictionary& request) {
+RecordsetRef RunParts(tsql::Session& session, const Dictionary& request, const FillRows& fill) {
   session.Execute(Join(PartOf(request, "SELECT"), kCrLf, PartOf(request, "GROUPBY")));
-  const bool filled = FillWorkingTable(session);
+  const bool filled = fill(session, "#TemData") || fill(session, "#DATA");
   RunPart(session, PartOf(request, "Append"));
-  if (!filled) FillItemColumns(session, "#DATA");
+  if (!filled) fill(session, "#DATA");
   RunPart(session, PartOf(request, "UpdateAppend"));
   RecordsetSink sink;
   session.Execute(PartOf(request, "EndSel"), sink);
@@ -39,12 +35,18 @@ RecordsetRef RunParts(tsql::Session& session, const Dictionary& request) {
 
 }  // namespace
 
-RecordsetRef RunSaleBatch(Server& server, const Dictionary& request) {
+RecordsetRef RunSaleBatch(Server& server, const Dictionary& request, const FillRows& fill) {
   if (Trim(PartOf(request, "SELECT")).empty()) {
     throw RuntimeError(error_number::kInvalidCall, "",
                        "the request has no \"SELECT\"; the text of a batch was expected");
   }
-  return server.Converse([&request](tsql::Session& session) { return RunParts(session, request); });
+  return server.Converse([&](tsql::Session& session) { return RunParts(session, request, fill); });
+}
+
+RecordsetRef RunSaleBatch(Server& server, const Dictionary& request) {
+  return RunSaleBatch(server, request, [](tsql::Session& session, std::string_view table) {
+    return FillItemColumns(session, table);
+  });
 }
 
 }  // namespace salerpt::middletier

@@ -2,24 +2,61 @@
 #include <span>
 
 #include "runtime/dictionary.h"
+#include "suite/middletier/consignment.h"
+#include "suite/middletier/customer_sales.h"
+#include "suite/middletier/dialog_lists.h"
+#include "suite/middletier/fee_invoices.h"
+#include "suite/middletier/income_statistics.h"
 #include "suite/middletier/objects.h"
-#include "suite/middletier/sale_batch.h"
+#include "suite/middletier/sale_amounts.h"
 #include "suite/middletier/suite_object.h"
 
 namespace salerpt::middletier {
 namespace {
 
-// `ORVMSaleRpt.Data`: runs the batches of the sales reports.
+// An argument that must be a Dictionary; `what` names it.
+const Dictionary& DictionaryIn(const Variant& argument, std::string_view what) {
+  const DictionaryRef dictionary = As<Dictionary>(argument);
+  if (dictionary) return *dictionary;
+  throw RuntimeError(error_number::kInvalidCall, "",
+                     Join("the ", what, " is nothing; a Dictionary was expected"));
+}
+
+// `ORVMSaleRpt.Data`: the rows of the sales reports. The dictionaries that its members are given go by
+// reference and come back as they were.
 class SaleData final : public SuiteObject<SaleData> {
  public:
   static constexpr std::string_view kClassName = "ORVMSaleRpt.Data";
   using SuiteObject::SuiteObject;
 
   static Variant GetSaleAmountData(SaleData& self, Arguments arguments) {
-    const DictionaryRef request = As<Dictionary>(arguments[1]);
-    if (!request)
-      throw RuntimeError(error_number::kInvalidCall, "", "the request is nothing; a Dictionary was expected");
-    return RunSaleBatch(self.GetServer(), *request);
+    return SaleAmounts(self.GetServer(), DictionaryIn(arguments[1], "request"));
+  }
+
+  static Variant GetSaleDetailData(SaleData& self, Arguments arguments) {
+    return SaleDetail(self.GetServer(), DictionaryIn(arguments[1], "request"));
+  }
+
+  static Variant GetPurchaseData(SaleData& self, Arguments arguments) {
+    return IncomeStatistics(self.GetServer(), arguments[1], arguments[2],
+                            DictionaryIn(arguments[3], "request"));
+  }
+
+  static Variant GetRpt134Data(SaleData& self, Arguments arguments) {
+    return CustomerSales(self.GetServer(), DictionaryIn(arguments[1], "filter"));
+  }
+
+  static Variant GetRpt301Data(SaleData& self, Arguments arguments) {
+    return FeeSummary(self.GetServer(), DictionaryIn(arguments[1], "filter"),
+                      DictionaryIn(arguments[2], "request"));
+  }
+
+  static Variant GetRpt302Data(SaleData& self, Arguments arguments) {
+    return FeeList(self.GetServer(), DictionaryIn(arguments[1], "filter"));
+  }
+
+  static Variant GetRpt303data(SaleData& self, Arguments arguments) {
+    return ConsignmentList(self.GetServer(), DictionaryIn(arguments[1], "request"));
   }
 
   static Variant GetData(SaleData& self, Arguments arguments) {
@@ -34,13 +71,35 @@ class SaleData final : public SuiteObject<SaleData> {
     return rows->Value("FLevel").ToInt32();
   }
 
+  static Variant GetSaleType(SaleData& self, Arguments /*arguments*/) { return SaleStyles(self.GetServer()); }
+
+  static Variant GetItemPropDesc(SaleData& self, Arguments arguments) {
+    return PropertyDescriptions(self.GetServer(), arguments[1].ToText());
+  }
+
   static std::span<const Member<SaleData>> Members() {
-    static constexpr std::array<Member<SaleData>, 3> kMembers{{
+    static constexpr std::array<Member<SaleData>, 11> kMembers{{
         {"GetSaleAmountData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
          GetSaleAmountData, 2},
+        {"GetSaleDetailData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
+         GetSaleDetailData, 2},
+        {"GetPurchaseData", InvokeKind::kMethod,
+         "(props As String, BDate As Date, EDate As Date, request As Dictionary) As Recordset",
+         GetPurchaseData, 4},
+        {"GetRpt134Data", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Recordset",
+         GetRpt134Data, 2},
+        {"GetRpt301Data", InvokeKind::kMethod,
+         "(props As String, filter As Dictionary, request As Dictionary) As Recordset", GetRpt301Data, 3},
+        {"GetRpt302Data", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Recordset",
+         GetRpt302Data, 2},
+        {"GetRpt303data", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
+         GetRpt303data, 2},
         {"GetData", InvokeKind::kMethod, "(props As String, sql As String) As Recordset", GetData, 2},
         {"GetItemMaxLevel", InvokeKind::kMethod, "(props As String, itemClassID As Long) As Long",
          GetItemMaxLevel, 2},
+        {"GetSaleType", InvokeKind::kMethod, "(props As String) As Recordset", GetSaleType, 1},
+        {"GetItemPropDesc", InvokeKind::kMethod, "(props As String, condition As String) As Vector",
+         GetItemPropDesc, 2},
     }};
     return kMembers;
   }

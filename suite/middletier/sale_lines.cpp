@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "runtime/mrpt.h"
+#include "suite/middletier/bill_filter.h"
 
 namespace salerpt::middletier {
 namespace {
@@ -31,41 +31,12 @@ std::string DateCondition(Period period) {
   return condition;
 }
 
-// Lines whose code lies between two keys of the filter, both ends included.
-std::string RangeCondition(const Dictionary& filter, std::string_view column, std::string_view begin,
-                           std::string_view end) {
-  std::string condition;
-  if (const Variant& value = filter.Get(begin); !value.IsEmptyText()) {
-    Append(condition, " And ", column, ">=", QuoteSql(value));
-  }
-  if (const Variant& value = filter.Get(end); !value.IsEmptyText()) {
-    Append(condition, " And ", column, "<=", QuoteSql(value));
-  }
-  return condition;
-}
-
 std::string RangeConditions(const Dictionary& filter) {
-  const std::string_view code = filter.Get("bLongNumber").ToBoolean() ? "FNumber" : "FShortNumber";
+  const std::string_view code = CodeColumn(filter);
   return Join(RangeCondition(filter, Join("t1.", code), "BItemNumber", "EItemNumber"),
               RangeCondition(filter, Join("t5.", code), "BEmpNumber", "EEmpNumber"),
               RangeCondition(filter, Join("t6.", code), "BDptNumber", "EDptNumber"),
               RangeCondition(filter, Join("T4.", code), "BCustNumber", "ECustNumber"));
-}
-
-std::string_view StateCondition(const Dictionary& filter) {
-  switch (filter.Get("CheckState").ToInt32()) {
-    case 0:
-      return " And v1.FStatus>0 And v1.FCancelLation=0";
-    case 1:
-      return " And v1.FStatus=0 And v1.FCancelLation=0";
-    default:
-      return " And v1.FCancelLation=0";
-  }
-}
-
-std::string RightCondition(const Dictionary& filter) {
-  const std::string condition = filter.GetValue("DataRightWhere", "").TextOrEmpty();
-  return Trim(condition).empty() ? "" : Join(" And ", condition);
 }
 
 std::string AmountText(std::int16_t scale) {

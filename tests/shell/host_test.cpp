@@ -117,13 +117,25 @@ TEST_F(HostTest, RaisesTheFailureOfAReportWithItsSource) {
   }
 }
 
+// One class serves two lists, which the host tells apart by the report's number.
+TEST_F(HostTest, SetsTheNumberOfTheReport) {
+  const ReportClass& rpt303 = RequireReportClass("Rpt303");
+  const auto shown = [&](const char* number) {
+    return host_.Read(host_.Run(
+        rpt303, {ParseChoice("BDate=2023-01-01"), ParseChoice("EDate=2025-12-31"), ParseChoice(number)}));
+  };
+  EXPECT_EQ(shown("RptID=303").name, "委托代销清单");
+  EXPECT_EQ(shown("rptid=304").name, "分期收款清单");
+  EXPECT_THROW(shown("RptID=abc"), RuntimeError);
+}
+
 TEST_F(HostTest, NamesAClassThatIsNotInThisBuild) {
   try {
-    host_.Conditions(RequireReportClass("Rpt302"), {});
+    host_.Conditions(RequireReportClass("Rpt145"), {});
     FAIL() << "no error";
   } catch (const RuntimeError& error) {
     EXPECT_THAT(error.Description(),
-                ::testing::StartsWith("Rpt302 (销售费用发票明细表) is not in this build; known: "));
+                ::testing::StartsWith("Rpt145 (信用数量分析表) is not in this build; known: "));
   }
 }
 

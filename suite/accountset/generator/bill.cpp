@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "suite/accountset/generator/calendar.h"
+
 namespace salerpt::accountset::generator {
 
 std::int64_t DivideRounded(std::int64_t a, std::int64_t b) {
@@ -25,6 +27,13 @@ Money ShareOf(Money amount, Quantity part, Quantity whole) {
   const Quantity whole_coarse = whole / 100 == 0 ? 1 : whole / 100;
   const std::int64_t sign = whole_coarse < 0 ? -1 : 1;
   return DivideRounded(amount * (part / 100) * sign, whole_coarse * sign);
+}
+
+std::int64_t RateOf(const Currency& currency, int day) {
+  if (currency.id == 1) return kRateOne;
+  const auto date = DayOf(day);
+  const int step = (date.year * 12 + date.month) * 7 % 9 - 4;
+  return DivideRounded(currency.rate * (1000 + step * 5), 1000);
 }
 
 int HookStatus(const Bill& bill) {

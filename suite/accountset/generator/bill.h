@@ -35,7 +35,7 @@ struct LineRef {
 
 struct Line {
   const Item* item = nullptr;
-  const Fee* fee = nullptr;  // lines of fee invoices have this in place of an item
+  const Fee* fee = nullptr;  // of lines of fee invoices; their item is what the fee was paid for, if anything
   int aux_prop = 0;
   std::string batch;
   int unit = 0;
@@ -99,6 +99,9 @@ void SetAmounts(Line& line, const Bill& bill);
 
 // The share of `amount` that `part` is of `whole`, rounded to hundredths; whole not 0.
 Money ShareOf(Money amount, Quantity part, Quantity whole);
+
+// The rate of a currency on a day: that of its month, up to two per cent off the usual one.
+std::int64_t RateOf(const Currency& currency, int day);
 
 // 0 nothing of the bill is hooked, 1 some, 2 all.
 int HookStatus(const Bill& bill);

@@ -67,11 +67,11 @@ OtherTables::OtherTables(Database& database)
             "FBomInterID", "FOrderInterID", "FSourceEntryID", "FGMPBatchNo", "FStatus"}),
       fee_head(database, "ICFeeInvoice",
            {"FInterID", "FTranType", "FBillNo", "FDate", "FSupplyID", "FCustID", "FDeptID",
-            "FEmpID", "FPOStyle", "FSaleStyle", "FStatus", "FHookStatus", "FCheckerID",
-            "FCheckDate"}),
+            "FEmpID", "FCurrencyID", "FExchangeRate", "FPOStyle", "FSaleStyle", "FROB", "FStatus",
+            "FCancelLation", "FHookStatus", "FCheckerID", "FCheckDate", "FNote"}),
       fee_line(database, "ICFeeInvoiceEntry",
-           {"FInterID", "FEntryID", "FItemID", "FAuxQty", "FAuxPrice", "FAmount", "FTaxRate",
-            "FTaxAmount", "FStdAmount", "FStdTaxAmount"}) {}
+           {"FInterID", "FEntryID", "FItemID", "FICItemID", "FAuxQty", "FAuxPrice", "FAmount",
+            "FTaxRate", "FTaxAmount", "FStdAmount", "FStdTaxAmount"}) {}
 // clang-format on
 
 }  // namespace salerpt::accountset::generator

@@ -269,13 +269,15 @@ void BillWriter::WriteTask(const Bill& bill) {
 void BillWriter::WriteFeeInvoice(const Bill& bill) {
   const bool to_pay = bill.type == 78;
   others_.fee_head.Row(bill.id, bill.type, bill.number, DateText(bill.day), to_pay ? bill.partner : 0,
-                       to_pay ? 0 : bill.partner, bill.department, bill.employee, to_pay ? bill.style : 0,
-                       to_pay ? 0 : bill.style, bill.status, HookStatus(bill), Checker(bill),
-                       CheckDate(bill));
+                       to_pay ? 0 : bill.partner, bill.department, bill.employee, bill.currency->id,
+                       Rate(bill.rate), to_pay ? bill.style : 0, to_pay ? 0 : bill.style, bill.red ? -1 : 1,
+                       bill.status, bill.cancelled, HookStatus(bill), Checker(bill), CheckDate(bill),
+                       Note(bill));
   int entry = 0;
   for (const auto& line : bill.lines) {
     // Fee amounts include their tax.
-    others_.fee_line.Row(bill.id, ++entry, line.fee->node.id, Qty(line.aux_quantity), AuxPrice(line),
+    const int item = line.item == nullptr ? 0 : line.item->node.id;
+    others_.fee_line.Row(bill.id, ++entry, line.fee->node.id, item, Qty(line.aux_quantity), AuxPrice(line),
                          Amount(line.net + line.tax), line.tax_rate, Amount(line.tax),
                          Amount(line.std_net + line.std_tax), Amount(line.std_tax));
   }

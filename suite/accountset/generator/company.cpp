@@ -87,22 +87,38 @@ struct FeeRow {
   int type;
   const char* unit;
   Price price;
+  int tax_rate;
 };
+constexpr int kFeeClass = 2014;
 constexpr std::array kFees = {
-    FeeRow{"汽运费", 3001, "吨", 2'000'000}, FeeRow{"海运费", 3001, "立方米", 5'800'000},
-    FeeRow{"快递费", 3001, "票", 180'000},   FeeRow{"装车费", 3002, "吨", 350'000},
-    FeeRow{"卸货费", 3002, "吨", 300'000},   FeeRow{"安装费", 3003, "次", 1'200'000},
-    FeeRow{"仓储费", 3004, "天", 900'000},
+    FeeRow{"汽运费", 3001, "吨", 2'000'000, 7}, FeeRow{"海运费", 3001, "立方米", 5'800'000, 7},
+    FeeRow{"快递费", 3001, "票", 180'000, 7},   FeeRow{"装车费", 3002, "吨", 350'000, 0},
+    FeeRow{"卸货费", 3002, "吨", 300'000, 0},   FeeRow{"安装费", 3003, "次", 1'200'000, 6},
+    FeeRow{"仓储费", 3004, "天", 900'000, 6},
+};
+constexpr std::array kExportFees = {
+    FeeRow{"港杂费", 3002, "箱", 850'000, 0},
+    FeeRow{"报关费", 3002, "票", 1'500'000, 6},
 };
 
-void AddFees(Company& company, TreeBuilder& tree) {
-  tree.Begin(2014);
+void AddFee(Company& company, TreeBuilder& tree, const Node& parent, const FeeRow& row) {
+  company.fees.push_back({tree.AddLeaf(&parent, row.name, 3), row.type, row.unit, row.price, row.tax_rate});
+}
+
+// Gives the class of carriage.
+Node AddFees(Company& company, TreeBuilder& tree) {
+  tree.Begin(kFeeClass);
   const Node carriage = tree.AddClass(nullptr, "01", "运杂费");
   const Node services = tree.AddClass(nullptr, "02", "服务费");
-  for (const auto& row : kFees) {
-    const Node& parent = row.type <= 3002 ? carriage : services;
-    company.fees.push_back({tree.AddLeaf(&parent, row.name, 3), row.type, row.unit, row.price});
-  }
+  for (const auto& row : kFees) AddFee(company, tree, row.type <= 3002 ? carriage : services, row);
+  return carriage;
+}
+
+// A class below carriage, so that fees stand on two levels of classes.
+void AddExportFees(Company& company, TreeBuilder& tree, const Node& carriage) {
+  tree.Begin(kFeeClass, static_cast<int>(company.fees.size()) + 1);
+  const Node abroad = tree.AddClass(&carriage, "01", "出口杂费");
+  for (const auto& row : kExportFees) AddFee(company, tree, abroad, row);
 }
 
 }  // namespace
@@ -114,10 +130,11 @@ Company MakeCompany(std::int64_t lines, Random& random) {
   AddDepartments(company, tree);
   AddEmployees(company, tree, random);
   AddBranchesAndStocks(company, tree);
-  AddFees(company, tree);
+  const Node carriage = AddFees(company, tree);
   AddSuppliers(company, tree, static_cast<int>(std::clamp<std::int64_t>(lines / 400, 8, 200)), random);
   AddCustomers(company, tree, static_cast<int>(std::clamp<std::int64_t>(lines / 60, 30, 2000)), random);
   AddItems(company, tree, static_cast<int>(std::clamp<std::int64_t>(lines / 40, 80, 3000)), random);
+  AddExportFees(company, tree, carriage);  // last: the numbers of all other rows stay as they are
   return company;
 }
 

@@ -116,6 +116,7 @@ struct Fee {
   int type = 0;
   const char* unit = "";
   Price price = 0;
+  int tax_rate = 0;  // per cent that may be deducted
 };
 
 struct Department {

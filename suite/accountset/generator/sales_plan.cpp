@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "suite/accountset/generator/calendar.h"
-
 namespace salerpt::accountset::generator {
 namespace {
 
@@ -114,7 +112,14 @@ void SalesPlanner::PlanLoneBill(int day) {
   const auto fate = random_.Below(3);
   bill->status = fate == 0 ? 1 : 0;
   bill->cancelled = fate == 1;
+  if (!invoice) bill->style = LoneStyle(static_cast<std::size_t>(fate));
   schedule_.Place(bill);
+}
+
+int SalesPlanner::LoneStyle(std::size_t fate) {
+  // In turn, not drawn, so that what is drawn behind it stays the same.
+  constexpr std::array kStyles = {kInstalmentSale, kConsignmentSale, kCreditSale};
+  return kStyles[lone_outbounds_[fate]++ % kStyles.size()];
 }
 
 BillRef SalesPlanner::NewBill(BillKind kind, int type, int day, const Customer& customer, int style) {
@@ -331,14 +336,6 @@ void SalesPlanner::Settle(Bill& invoice) {
 int SalesPlanner::InvoiceType(const Bill& from) {
   const bool plain = from.currency->id != 1 || from.style == kRetailSale || random_.Percent(25);
   return plain ? 86 : 80;
-}
-
-std::int64_t SalesPlanner::RateOf(const Currency& currency, int day) const {
-  if (currency.id == 1) return kRateOne;
-  // Up and down by up to two per cent, the rate of a month.
-  const auto date = DayOf(day);
-  const int step = (date.year * 12 + date.month) * 7 % 9 - 4;
-  return DivideRounded(currency.rate * (1000 + step * 5), 1000);
 }
 
 }  // namespace salerpt::accountset::generator

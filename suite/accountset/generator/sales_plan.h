@@ -31,6 +31,8 @@ class SalesPlanner {
   int DrawStyle();
   void PlanCounterSale(int day);
   void PlanLoneBill(int day);
+  // The sale style of the next outbound bill of its own with a fate of PlanLoneBill.
+  int LoneStyle(std::size_t fate);
 
   BillRef NewBill(BillKind kind, int type, int day, const Customer& customer, int style);
   // A bill made from another: the same customer, people and currency, at the rate of its own day.
@@ -46,7 +48,6 @@ class SalesPlanner {
   void InvoiceStraight(const BillRef& order);
   void Settle(Bill& invoice);
   int InvoiceType(const Bill& from);
-  std::int64_t RateOf(const Currency& currency, int day) const;
 
   const Company& company_;
   Random& random_;
@@ -54,7 +55,8 @@ class SalesPlanner {
   SupplyPlanner& supply_;
   Popularity customers_;
   Popularity goods_;
-  std::size_t sales_ = 0;  // orders planned of kOpening
+  std::size_t sales_ = 0;                        // orders planned of kOpening
+  std::array<std::size_t, 3> lone_outbounds_{};  // made of each fate
 };
 
 }  // namespace salerpt::accountset::generator

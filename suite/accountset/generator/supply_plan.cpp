@@ -195,29 +195,59 @@ void SupplyPlanner::IssueMaterial(const BillRef& task, const Bom& bom) {
   schedule_.Place(issue);
 }
 
+// What is rare among fee invoices comes in turn and is not drawn: the smaller companies have it, too.
 void SupplyPlanner::PlanFee(int day) {
+  ++fee_invoices_;
   const bool to_pay = random_.Percent(60);
   const BillRef invoice = NewBill(BillKind::kFeeInvoice, to_pay ? 78 : 79, day);
-  invoice->partner =
-      to_pay ? random_.Pick(company_.suppliers).node.id : random_.Pick(company_.customers).node.id;
-  invoice->style = to_pay ? kCreditPurchase : kCreditSale;
+  NameFeeParty(*invoice);
   const auto& seller = company_.employees[static_cast<std::size_t>(random_.Below(12))];
   invoice->employee = seller.node.id;
   invoice->department = seller.department;
   invoice->status = random_.Percent(92) ? 1 : 0;
+  invoice->red = fee_invoices_ % 12 == 8;
+  if (invoice->red) invoice->note = "费用冲销";
   const auto count = random_.Between(1, 3);
-  for (std::int64_t i = 0; i < count; ++i) {
-    Line line;
-    line.fee = &random_.Pick(company_.fees);
-    line.aux_quantity = random_.Between(1, 20) * kQuantityOne;
-    line.aux_price = line.fee->price * random_.Between(90, 110) / 100;
-    line.tax_rate = 7;
-    SetAmounts(line, *invoice);
-    invoice->lines.push_back(std::move(line));
-  }
-  const bool hooks = invoice->status != 0 && random_.Percent(70);
-  for (auto& line : invoice->lines) line.hooked = hooks ? line.Base() : 0;
+  for (std::int64_t i = 0; i < count; ++i) invoice->lines.push_back(NewFeeLine(*invoice, i));
+  HookFees(*invoice);
   schedule_.Place(invoice);
+}
+
+void SupplyPlanner::NameFeeParty(Bill& invoice) {
+  if (invoice.type == 78) {
+    invoice.partner = random_.Pick(company_.suppliers).node.id;
+    invoice.style = kCreditPurchase;
+    return;
+  }
+  const Customer& customer = random_.Pick(company_.customers);
+  invoice.partner = customer.node.id;
+  invoice.style = kCreditSale;
+  invoice.currency = &company_.currencies[static_cast<std::size_t>(customer.currency - 1)];
+  invoice.rate = RateOf(*invoice.currency, invoice.day);
+}
+
+Line SupplyPlanner::NewFeeLine(const Bill& invoice, std::int64_t place) {
+  Line line;
+  line.fee = &random_.Pick(company_.fees);
+  line.aux_quantity = random_.Between(1, 20) * (invoice.red ? -kQuantityOne : kQuantityOne);
+  const Price price = line.fee->price * random_.Between(90, 110) / 100;
+  line.aux_price = DivideRounded(price * kRateOne, invoice.rate);
+  line.tax_rate = line.fee->tax_rate;
+  if (const std::int64_t turn = fee_invoices_ + place; turn % 3 != 0) {
+    const auto index = static_cast<std::size_t>(turn * 7) % company_.goods.size();
+    line.item = &company_.items[static_cast<std::size_t>(company_.goods[index])];
+  }
+  SetAmounts(line, invoice);
+  return line;
+}
+
+void SupplyPlanner::HookFees(Bill& invoice) {
+  const bool hooks = invoice.status != 0 && random_.Percent(70);
+  for (auto& line : invoice.lines) line.hooked = hooks ? line.Base() : 0;
+  if (fee_invoices_ % 5 == 2 && invoice.lines.size() > 1) invoice.lines.back().hooked = 0;
+  if (fee_invoices_ % 12 != 5) return;
+  invoice.cancelled = true;
+  for (auto& line : invoice.lines) line.hooked = 0;
 }
 
 std::string SupplyPlanner::BatchOf(const Item& item, int day) const {

@@ -28,6 +28,9 @@ class SupplyPlanner {
 
  private:
   BillRef NewBill(BillKind kind, int type, int day);
+  void NameFeeParty(Bill& invoice);
+  Line NewFeeLine(const Bill& invoice, std::int64_t place);
+  void HookFees(Bill& invoice);
   BillRef NewPurchaseBill(BillKind kind, int type, int day, const Supplier& supplier);
   BillRef NewFollower(BillKind kind, int type, int day, const Bill& from);
   void ReceivePurchase(const BillRef& order);
@@ -40,6 +43,7 @@ class SupplyPlanner {
   Schedule& schedule_;
   Popularity suppliers_;
   Popularity materials_;
+  std::int64_t fee_invoices_ = 0;
 };
 
 }  // namespace salerpt::accountset::generator

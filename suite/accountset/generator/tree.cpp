@@ -4,9 +4,9 @@
 
 namespace salerpt::accountset::generator {
 
-void TreeBuilder::Begin(int item_class) {
+void TreeBuilder::Begin(int item_class, int first_leaf) {
   item_class_ = item_class;
-  next_leaf_ = 1;
+  next_leaf_ = first_leaf;
 }
 
 Node TreeBuilder::AddClass(const Node* parent, const std::string& part, const std::string& name) {

@@ -12,8 +12,8 @@ class TreeBuilder {
  public:
   explicit TreeBuilder(Company& company) : company_(&company) {}
 
-  // Begins the class (1 customer, 4 item, …); its leaves are numbered from 1 again.
-  void Begin(int item_class);
+  // Begins the class (1 customer, 4 item, …); its leaves are numbered from `first_leaf` on.
+  void Begin(int item_class, int first_leaf = 1);
   // A class row under `parent` (nothing: at the top), its own part of the code `part`.
   Node AddClass(const Node* parent, const std::string& part, const std::string& name);
   // A leaf under `parent`; its own part of the code is the next number, in `digits` digits.
