@@ -129,14 +129,10 @@ Variant UnattendedDialog::ValueOf(const DialogKey& key) const {
   switch (key.value) {
     case kEmptyText:
       return "";
-    case kZero:
-      return 0;
-    case kOne:
-      return 1;
-    case kTwo:
-      return 2;
-    case kMinusOne:
-      return -1;
+    case kNumber:
+      return key.number;
+    case kWord:
+      return ResText(key.word);
     case kToday:
       return Runtime::Current().GetPlatform().Now().ToText().substr(0, 10);
     case kCurrentYear:
@@ -159,8 +155,6 @@ Variant UnattendedDialog::ValueOf(const DialogKey& key) const {
       return ProfileNumber("POOrderTaxInPrice");
     case kTaxRateOption:
       return ProfileNumber("PurTaxRateOption");
-    case kAllSaleTypes:
-      return ResText("全部");
     case kItemCodeOrder:
       return Chosen("GroupBy", 1) == 0 && Chosen("OnlyShowSum", 1) == 1 ? std::string()
                                                                         : Join(CodeField(), " ASC");

@@ -14,10 +14,8 @@ namespace salerpt {
 // What a key of a dialog's `Filter` holds when nothing was chosen.
 enum class DefaultValue : std::uint8_t {
   kEmptyText,
-  kZero,
-  kOne,
-  kTwo,
-  kMinusOne,
+  kNumber,  // the key's number
+  kWord,    // the key's word, as the dialog shows it
   kToday,
   kCurrentYear,
   kCurrentPeriod,
@@ -25,7 +23,6 @@ enum class DefaultValue : std::uint8_t {
   kEndLevel,       // 5, or the depth of the tree that is grouped by
   kSumName,        // text of the chosen row of "sum by"
   kSumField,       // its description
-  kAllSaleTypes,   // "全部"
   kItemCodeOrder,  // the item code, ascending; nothing where only totals of an ungrouped list are asked
   kTaxInPrice,     // the system's purchase tax options
   kTaxRateOption
@@ -34,6 +31,8 @@ enum class DefaultValue : std::uint8_t {
 struct DialogKey {
   std::string_view key;
   DefaultValue value;
+  std::int32_t number = 0;
+  std::string_view word = "";
 };
 
 // The description of the property that a row of "sum by" groups by, as the dialog writes it into "SumField".

@@ -335,6 +335,47 @@ INSTANTIATE_TEST_SUITE_P(
                  "CheckState chkNextChoose CommodityType"}),
     [](const ::testing::TestParamInfo<KeysCase>& tested) { return std::string(tested.param.dialog); });
 
+INSTANTIATE_TEST_SUITE_P(
+    Orders, UnattendedKeysTest,
+    ::testing::Values(
+        KeysCase{
+            "frmFirter136",
+            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BDepartNumber EDepartNumber "
+            "BEmpNumber EEmpNumber BCurrencyNumber ECurrencyNumber ChkByCurrency GroupBy OnlyShowSum BLevel "
+            "ELevel SumMode SumName SaleType SaleTypeName SumField CheckState OrderType OrderTypeName "
+            "Orderby "
+            "chkNextChoose CommodityType"},
+        KeysCase{
+            "frmFirter137",
+            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BCompanyNumber ECompanyNumber "
+            "BDept EDept BEmp EEmp BBillNo EBillNo CheckState DisplayType CloseState SaleType SaleTypeName "
+            "OrderType OrderTypeName Implement chkNextChoose CommodityType"},
+        KeysCase{
+            "frmFirter138",
+            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BCompanyNumber ECompanyNumber "
+            "BDept EDept BEmp EEmp BBillNo EBillNo GroupBy OnlyShowSum BLevel ELevel SumMode SumName "
+            "SaleType "
+            "SaleTypeName OrderType OrderTypeName SumField CheckState CloseState chkNextChoose "
+            "CommodityType"},
+        KeysCase{"frmFilter189",
+                 "OK BDate EDate BCustomerNumber ECustomerNumber BItemNumber EItemNumber BSalesNumber "
+                 "ESalesNumber "
+                 "BDeptNumber EDeptNumber AuditType GroupBy chkNextChoose CommodityType"},
+        KeysCase{"frmFilter192",
+                 "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BBill EBill CheckState "
+                 "DisplayType "
+                 "CloseState"},
+        KeysCase{
+            "frmFirter300",
+            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber GroupBy OnlyShowSum SaleType "
+            "SaleTypeName OrderType OrderTypeName BLevel ELevel SumMode SumName SumField CheckState"},
+        KeysCase{
+            "frmFirter1010",
+            "OK BDate EDate BItemNumber EItemNumber BCustNumber ECustNumber BDept EDept BEmp EEmp BBillNo "
+            "EBillNo CheckState CloseState SaleType SaleTypeName chkNextChoose chkIsShowSum chkIsShowDetail "
+            "CommodityType Orderby"}),
+    [](const ::testing::TestParamInfo<KeysCase>& tested) { return std::string(tested.param.dialog); });
+
 struct DefaultCase {
   const char* dialog;
   const char* key;
@@ -385,6 +426,20 @@ TEST_F(UnattendedDialogTest, TakesThePurchaseTaxOptionsFromTheSystem) {
   EXPECT_EQ(filter->Get("IncludeTax").ToInt32(), 1);
   EXPECT_EQ(filter->Get("TaxSource").ToInt32(), 2);
 }
+
+INSTANTIATE_TEST_SUITE_P(Orders, UnattendedDefaultTest,
+                         ::testing::Values(DefaultCase{"frmFirter136", "OrderType", "32-bit integer -1"},
+                                           DefaultCase{"frmFirter136", "Orderby", "text FNumber ASC"},
+                                           DefaultCase{"frmFirter137", "OrderTypeName", "text 全部"},
+                                           // Here the grouping is a word.
+                                           DefaultCase{"frmFilter189", "GroupBy", "text 客户"},
+                                           DefaultCase{"frmFilter189", "AuditType", "text 全部"},
+                                           DefaultCase{"frmFirter1010", "chkIsShowDetail",
+                                                       "32-bit integer 1"},
+                                           DefaultCase{"frmFirter1010", "chkIsShowSum", "32-bit integer 0"}),
+                         [](const ::testing::TestParamInfo<DefaultCase>& tested) {
+                           return std::string(tested.param.dialog) + "_" + tested.param.key;
+                         });
 
 struct SumByCase {
   const char* dialog;
@@ -511,7 +566,7 @@ TEST_F(UnattendedDialogTest, ConfirmsForAPlanToo) {
 }
 
 TEST_F(UnattendedDialogTest, HasNoTableForOtherDialogs) {
-  EXPECT_EQ(FindDialogTable("frmFirter136"), nullptr);
+  EXPECT_EQ(FindDialogTable("frmFirter145"), nullptr);
   EXPECT_EQ(FindDialogTable(""), nullptr);
   EXPECT_NE(FindDialogTable("FRMFIRTER128"), nullptr);
 }
