@@ -12,6 +12,14 @@
 #include "reports/flow/rpt301.h"
 #include "reports/flow/rpt302.h"
 #include "reports/flow/rpt303.h"
+#include "reports/order/rpt1010.h"
+#include "reports/order/rpt136.h"
+#include "reports/order/rpt137.h"
+#include "reports/order/rpt138.h"
+#include "reports/order/rpt139.h"
+#include "reports/order/rpt189.h"
+#include "reports/order/rpt192.h"
+#include "reports/order/rpt300.h"
 #include "runtime/get_info.h"
 
 namespace salerpt {
@@ -31,11 +39,19 @@ void RegisterReports(Runtime& runtime) {
   RegisterReport<Rpt133>(runtime, "Rpt133");
   RegisterReport<Rpt134>(runtime, "Rpt134");
   RegisterReport<Rpt135>(runtime, "Rpt135");
+  RegisterReport<Rpt136>(runtime, "Rpt136");
+  RegisterReport<Rpt137>(runtime, "Rpt137");
+  RegisterReport<Rpt138>(runtime, "Rpt138");
+  RegisterReport<Rpt139>(runtime, "Rpt139");
   RegisterReport<Rpt147>(runtime, "Rpt147");
   RegisterReport<Rpt176>(runtime, "Rpt176");
+  RegisterReport<Rpt189>(runtime, "Rpt189");
+  RegisterReport<Rpt192>(runtime, "Rpt192");
+  RegisterReport<Rpt300>(runtime, "Rpt300");
   RegisterReport<Rpt301>(runtime, "Rpt301");
   RegisterReport<Rpt302>(runtime, "Rpt302");
   RegisterReport<Rpt303>(runtime, "Rpt303");
+  RegisterReport<Rpt1010>(runtime, "Rpt1010");
   runtime.Register("ORVSaleRpt.GetInfo", [] { return std::make_shared<GetInfo>(); });
   RegisterUnattendedDialogs(runtime);
 }

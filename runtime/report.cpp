@@ -93,10 +93,8 @@ std::int32_t Report::PlanFamily() const {
 
 void Report::ShowFilter(bool auto_filter) {
   try {
-    if (class_.has_auto_filter) {
-      if (!class_.log_key.empty()) WriteLog(class_.log_key, 3, class_.log_text);
-      SetUp();
-    }
+    if (!class_.log_key.empty()) WriteLog(class_.log_key, 3, class_.log_text);
+    if (class_.has_auto_filter) SetUp();
     Runtime& runtime = Runtime::Current();
     const std::unique_ptr<FilterDialog> dialog = runtime.MakeDialog(class_.dialog);
     dialog->SetRptID(PlanFamily());
