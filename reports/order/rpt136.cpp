@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "reports/detail_report.h"
-#include "reports/order/rpt136_answer.h"
+#include "reports/returned_error.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/mrpt.h"

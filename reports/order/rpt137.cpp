@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "reports/returned_error.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/runtime.h"
@@ -78,10 +79,7 @@ void Rpt137::FetchData() {
   sent.Set("RptID", PlanFamily());
   sent.Set("DataRightFrom", right.from_text);
   sent.Set("DataRightWhere", right.where_text);
-  // The filter of a fetch that failed still tells its error, which must not fail this one.
-  for (const std::string_view key : {"Error", "ErrorSource"}) {
-    if (sent.Lookup(key)) sent.Set(key, "");
-  }
+  ForgetReturnedError(sent);
 
   const ObjectRef data = CreateObject("ORVMSaleRpt.Data");
   Progress().SetMsg(ResText("正在从服务器读取数据..."));
@@ -90,8 +88,7 @@ void Rpt137::FetchData() {
   ReplaceFilter(filter);
 
   const Dictionary& returned = Conditions();
-  const std::string error = FilterText(returned, "Error");
-  if (!error.empty()) throw RuntimeError(-1, FilterText(returned, "ErrorSource"), error);
+  RaiseReturnedError(filter);
   rs_ = As<Recordset>(rows);
   if (FilterNumber(returned, "DisplayType") != 1) return;
   if (!rs_) {

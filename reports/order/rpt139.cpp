@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "reports/returned_error.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/mrpt.h"
@@ -57,25 +58,12 @@ void Rpt139::BuildConditions() {
 
 // --- Fetch
 
-namespace {
-
-// Raises what the middle tier told in a dictionary that it was given by reference.
-void RaiseReturnedError(const Dictionary& returned) {
-  const std::string error = returned.Get("Error").TextOrEmpty();
-  if (!error.empty()) throw RuntimeError(-1, returned.Get("ErrorSource").TextOrEmpty(), error);
-}
-
-}  // namespace
-
 void Rpt139::FetchData() {
   header_ = std::make_shared<Vector>();
   AddColumns();
   const DictionaryRef request = IsByLevel() ? BuildLevels() : BuildPlain();
   SendRights();
-  // The filter of a fetch that failed still tells its error, which is no condition of this one.
-  for (const std::string_view key : {"Error", "ErrorSource"}) {
-    if (Conditions().Lookup(key)) Conditions().Set(key, "");
-  }
+  ForgetReturnedError(Conditions());
 
   const ObjectRef data = CreateObject("ORVMSaleRpt.Data");
   Progress().SetMsg(ResText("正在从服务器读取数据,请稍候......"));
@@ -85,8 +73,8 @@ void Rpt139::FetchData() {
   Variant filter = Filter();
   rs_ = As<Recordset>(Call(data, "GetRpt139Data", GetPropsString(), frames, filter));
   ReplaceFilter(filter);
-  RaiseReturnedError(Conditions());
-  if (const auto returned = As<Dictionary>(frames)) RaiseReturnedError(*returned);
+  RaiseReturnedError(filter);
+  RaiseReturnedError(frames);
 }
 
 // --- Rights on customers, items, departments and employees, told with the columns of the bill that hold

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "reports/returned_error.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/runtime.h"
@@ -69,10 +70,7 @@ void Rpt189::FetchData() {
   Conditions().Set("DataRightFrom", right.from_text);
   Conditions().Set("DataRightWhere", right.where_text);
   Conditions().Set("bLongNumber", Runtime::Current().gLongNumber);
-  // The filter of a fetch that failed still tells its error, which is no condition of this one.
-  for (const std::string_view key : {"Error", "ErrorSource"}) {
-    if (Conditions().Lookup(key)) Conditions().Set(key, "");
-  }
+  ForgetReturnedError(Conditions());
 
   const ObjectRef data = CreateObject("ORVMSaleRpt.Data");
   Progress().SetMsg(ResText("正在从服务器读取数据..."));
@@ -80,8 +78,7 @@ void Rpt189::FetchData() {
   Variant filter = Filter();
   rs_ = As<Recordset>(Call(data, "GetRpt189Data", GetPropsString(), filter));
   ReplaceFilter(filter);
-  const std::string error = Conditions().Get("Error").TextOrEmpty();
-  if (!error.empty()) throw RuntimeError(-1, Conditions().Get("ErrorSource").TextOrEmpty(), error);
+  RaiseReturnedError(filter);
 }
 
 // --- Columns

@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "reports/order/rpt136_answer.h"
+#include "reports/returned_error.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/mrpt.h"

@@ -18,11 +18,21 @@ void RunPart(tsql::Session& session, const std::string& batch) {
   if (!Trim(batch).empty()) session.Execute(batch);
 }
 
+// What stands behind the grouping clause: updates of the rows in #DATA.
+std::string UpdatesOf(const std::string& group_by) {
+  const std::size_t clause_end = group_by.find(kCrLf);
+  return clause_end == std::string::npos ? "" : group_by.substr(clause_end);
+}
+
 RecordsetRef RunParts(tsql::Session& session, const Dictionary& request, const FillRows& fill) {
-  session.Execute(Join(PartOf(request, "SELECT"), kCrLf, PartOf(request, "GROUPBY")));
-  const bool filled = fill(session, "#TemData") || fill(session, "#DATA");
+  const std::string group_by = PartOf(request, "GROUPBY");
+  session.Execute(Join(PartOf(request, "SELECT"), kCrLf, group_by));
+  const bool sorted = fill(session, "#TemData");
+  const bool filled = sorted || fill(session, "#DATA");
   RunPart(session, PartOf(request, "Append"));
   if (!filled) fill(session, "#DATA");
+  // Where an order is asked for, #DATA is filled only now: the updates behind the clause found it empty.
+  if (sorted) RunPart(session, UpdatesOf(group_by));
   RunPart(session, PartOf(request, "UpdateAppend"));
   RecordsetSink sink;
   session.Execute(PartOf(request, "EndSel"), sink);

@@ -21,9 +21,11 @@ using FillRows = std::function<bool(tsql::Session& session, std::string_view tab
 //   "EndSel"                labels, the final select, drops
 // Before "Append" the rows (`#TemData` where a sort order is asked for, else `#DATA`) are given to `fill`:
 // the order may go by a column that it fills. A batch that makes `#DATA` only in "Append" gets it filled
-// behind that. The mark ##ITEMFILTER## becomes nothing: it would only spare rows that nobody joins.
-// "NoPrice", "NoTaxRate", "NoDate" and "RptID" are not read. Raises the engine's error, or invalid-call for a
-// request without "SELECT" or whose "EndSel" selects nothing. No temporary table outlives the call.
+// behind that. Updates that stand behind the clause of "GROUPBY" address `#DATA`, which is empty there where
+// an order is asked for: they run once more behind "Append" then. The mark ##ITEMFILTER## becomes nothing: it
+// would only spare rows that nobody joins. "NoPrice", "NoTaxRate", "NoDate" and "RptID" are not read. Raises
+// the engine's error, or invalid-call for a request without "SELECT" or whose "EndSel" selects nothing. No
+// temporary table outlives the call.
 RecordsetRef RunSaleBatch(Server& server, const Dictionary& request, const FillRows& fill);
 // The same; the item columns are filled (see item_columns.h), the common unit being the sale unit.
 RecordsetRef RunSaleBatch(Server& server, const Dictionary& request);
