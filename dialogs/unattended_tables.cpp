@@ -215,6 +215,37 @@ constexpr std::array kKeysOf138 = {
     Number("chkNextChoose", 0),
     Number("CommodityType", 0),
 };
+// The fifth row of the sale styles is "全部"; all three states of execution are checked.
+constexpr std::array kKeysOf139 = {
+    DialogKey{"BDate", kToday},
+    DialogKey{"EDate", kToday},
+    DialogKey{"BEmp", kEmptyText},
+    DialogKey{"EEmp", kEmptyText},
+    DialogKey{"BItemNumber", kEmptyText},
+    DialogKey{"EItemNumber", kEmptyText},
+    DialogKey{"BClientNumber", kEmptyText},
+    DialogKey{"EClientNumber", kEmptyText},
+    DialogKey{"BDept", kEmptyText},
+    DialogKey{"EDept", kEmptyText},
+    DialogKey{"BBillNo", kEmptyText},
+    DialogKey{"EBillNo", kEmptyText},
+    Number("FSaleStyle", 4),
+    Number("GroupBy", 0),
+    Number("OnlyShowSum", 0),
+    DialogKey{"BLevel", kBeginLevel},
+    DialogKey{"ELevel", kEndLevel},
+    Number("GroupByListIndex", 0),
+    Number("CheckState", 0),
+    Number("CheckClose", 2),
+    Number("CommodityType", 0),
+    Number("Unexecuted", 1),
+    Number("Partialexecution", 1),
+    Number("Fullyexecuted", 1),
+    Number("SumMode", 1),
+    Number("Mode", 0),
+    DialogKey{"SumField", kSumField},
+    DialogKey{"ItemClassNumber", kEmptyText},
+};
 constexpr std::array kKeysOf147 = {
     DialogKey{"BYear", kCurrentYear},
     DialogKey{"BPeriod", kCurrentPeriod},
@@ -425,6 +456,10 @@ constexpr std::array kGroupByOf138 = {
     GroupByRow{"销售方式", 0},
 };
 
+constexpr std::array kGroupByOf139 = {
+    GroupByRow{"物料类别", 1, 4},
+};
+
 constexpr std::array kGroupByOf176 = {
     GroupByRow{"物料类别", 1, 4},      GroupByRow{"客户类别", 2, 1}, GroupByRow{"物料类别+客户", 3, 4},
     GroupByRow{"客户+物料类别", 4, 4}, GroupByRow{"客户", 5},        GroupByRow{"部门", 6},
@@ -526,6 +561,7 @@ constexpr std::array kTables = {
     DialogTable{.name = "frmFirter137", .keys = kKeysOf137},
     DialogTable{
         .name = "frmFirter138", .keys = kKeysOf138, .group_by = kGroupByOf138, .sum_fields = kSumFieldsOf138},
+    DialogTable{.name = "FrmFilter139", .keys = kKeysOf139, .group_by = kGroupByOf139},
     DialogTable{.name = "frmFilter147", .keys = kKeysOf147},
     DialogTable{.name = "frmFirter176",
                 .keys = kKeysOf176,

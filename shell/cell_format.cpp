@@ -80,8 +80,8 @@ SheetRows::SheetRows(const Sheet& sheet) : sheet_(sheet) {
   if (!sheet.rows) return;
   cells_.reserve(sheet.columns.size());
   for (const SheetColumn& column : sheet.columns) {
-    const int field = sheet.rows->FieldIndex(column.field);
-    cells_.push_back({field, sheet.rows->Field(field).type, column.type});
+    const int field = sheet.rows->FindField(column.field);
+    cells_.push_back({field, field < 0 ? FieldType::kVarChar : sheet.rows->Field(field).type, column.type});
   }
   sum_sort_ = sheet.rows->FindField("FSumSort");
   qty_decimal_ = sheet.rows->FindField("FQtyDecimal");
@@ -148,7 +148,7 @@ std::optional<int> SheetRows::Decimals(std::size_t column) const {
 int SheetRows::QuantityDecimals(const Cell& cell) const {
   constexpr double kNoDigit = 1e-6;
   int decimals = IntegerOr(qty_decimal_, kUsualQtyDecimals);
-  if (sheet_.rows->IsNull(cell.field)) return decimals;
+  if (cell.field < 0 || sheet_.rows->IsNull(cell.field)) return decimals;
   const double value = sheet_.rows->Double(cell.field);
   const auto is_cut = [value](int at) {
     const double scaled = value * std::pow(10.0, at);
@@ -160,7 +160,7 @@ int SheetRows::QuantityDecimals(const Cell& cell) const {
 
 void SheetRows::AppendShown(std::string& out, std::size_t column) const {
   const Cell& cell = cells_[column];
-  if (sheet_.rows->IsNull(cell.field)) return;
+  if (IsNull(column)) return;
   switch (KindOf(column)) {
     case Kind::kNumber:
       return AppendNumber(out, cell, Decimals(column));
@@ -181,7 +181,7 @@ void SheetRows::AppendShown(std::string& out, std::size_t column) const {
 
 void SheetRows::AppendExactly(std::string& out, std::size_t column) const {
   const Cell& cell = cells_[column];
-  if (sheet_.rows->IsNull(cell.field)) return;
+  if (IsNull(column)) return;
   switch (KindOf(column)) {
     case Kind::kNumber:
       return AppendNumber(out, cell, std::nullopt);

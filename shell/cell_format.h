@@ -20,7 +20,7 @@ void AppendFixed(std::string& out, Currency value, int decimals);
 void AppendExact(std::string& out, double value);
 
 // Walks the rows of a sheet. Fields are found once, by the constructor; a cell is read by its column's
-// number. Raises no-such-field where the report shows a column that its rows do not have.
+// number. A column whose field the rows do not have is empty: some reports keep such columns.
 class SheetRows {
  public:
   explicit SheetRows(const Sheet& sheet);
@@ -33,7 +33,10 @@ class SheetRows {
   // Level of the current row.
   [[nodiscard]] std::int32_t SumSort() const { return IntegerOr(sum_sort_, kDetailRow); }
   [[nodiscard]] bool IsTotal() const { return SumSort() > kDetailRow; }
-  [[nodiscard]] bool IsNull(std::size_t column) const { return sheet_.rows->IsNull(cells_[column].field); }
+  [[nodiscard]] bool IsNull(std::size_t column) const {
+    const int field = cells_[column].field;
+    return field < 0 || sheet_.rows->IsNull(field);
+  }
 
   // How a cell is held, for formats that keep numbers and dates apart from texts.
   enum class Kind : std::uint8_t { kText, kNumber, kBoolean, kDate };

@@ -357,6 +357,12 @@ INSTANTIATE_TEST_SUITE_P(
             "SaleType "
             "SaleTypeName OrderType OrderTypeName SumField CheckState CloseState chkNextChoose "
             "CommodityType"},
+        KeysCase{
+            "FrmFilter139",
+            "OK BDate EDate BEmp EEmp BItemNumber EItemNumber BClientNumber EClientNumber BDept EDept "
+            "BBillNo "
+            "EBillNo FSaleStyle GroupBy OnlyShowSum BLevel ELevel GroupByListIndex CheckState CheckClose "
+            "CommodityType Unexecuted Partialexecution Fullyexecuted SumMode Mode SumField ItemClassNumber"},
         KeysCase{"frmFilter189",
                  "OK BDate EDate BCustomerNumber ECustomerNumber BItemNumber EItemNumber BSalesNumber "
                  "ESalesNumber "
