@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "reports/returned_error.h"
 #include "runtime/mmts.h"
 #include "runtime/mparse.h"
 #include "runtime/runtime.h"
@@ -59,19 +60,16 @@ void Rpt1010::FetchData() {
   Conditions().Set("UserID", GetUserID());
   Conditions().Set("DataRightFrom", right.from_text);
   Conditions().Set("DataRightWhere", right.where_text);
-  // What an earlier fetch was answered is no answer to this one.
-  for (const std::string_view key : {"Error", "ErrorSource"}) {
-    if (Conditions().Lookup(key)) Conditions().Set(key, "");
-  }
+  ForgetReturnedError(Conditions());
 
   const ObjectRef data = CreateObject("ORVMSaleRpt.Data");
   Progress().SetMsg(ResText("正在从服务器读取数据..."));
   rs_.reset();
   Variant filter = Filter();
-  const auto rows = As<Recordset>(Call(data, "GetRpt1010Data", GetPropsString(), filter));
+  const Variant answer = Call(data, "GetRpt1010Data", GetPropsString(), filter);
   ReplaceFilter(filter);
-  const std::string error = Conditions().Get("Error").TextOrEmpty();
-  if (!error.empty()) throw RuntimeError(-1, Conditions().Get("ErrorSource").TextOrEmpty(), error);
+  RaiseReturnedError(filter);
+  const auto rows = As<Recordset>(answer);
   if (!rows) {
     throw RuntimeError(error_number::kObjectNotSet, "ORVMSaleRpt.Data:GetRpt1010Data",
                        "GetRpt1010Data gave no recordset");
