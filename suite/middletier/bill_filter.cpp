@@ -15,10 +15,14 @@ Date DayOf(const Variant& day, std::string_view key) {
 }  // namespace
 
 std::string DayCondition(const Variant& first_day, const Variant& last_day) {
+  return DayCondition("v1.FDate", first_day, last_day);
+}
+
+std::string DayCondition(std::string_view date, const Variant& first_day, const Variant& last_day) {
   const Date first = DayOf(first_day, "BDate");
   const Date last = DayOf(last_day, "EDate");
-  return Join(" AND convert(datetime,convert(varchar(30),v1.FDate,111)) >='", first.Format('/'), "'", kCrLf,
-              " AND convert(datetime,convert(varchar(30),v1.FDate,111)) <='", last.Format('/'), "'");
+  return Join(" AND convert(datetime,convert(varchar(30),", date, ",111)) >='", first.Format('/'), "'", kCrLf,
+              " AND convert(datetime,convert(varchar(30),", date, ",111)) <='", last.Format('/'), "'");
 }
 
 std::string RangeCondition(const Dictionary& filter, std::string_view code, std::string_view begin_key,
@@ -41,6 +45,22 @@ std::string StateCondition(const Dictionary& filter) {
       return " And v1.FStatus=0 And v1.FCancelLation=0";
     default:
       return " And v1.FCancelLation=0";
+  }
+}
+
+std::string SaleStyleCondition(const Dictionary& filter) {
+  const std::int32_t style = filter.Get("SaleType").ToInt32();
+  return style > 1 ? Join(" And v1.FSaleStyle=", style) : "";
+}
+
+std::string CommodityCondition(const Dictionary& filter, std::string_view item) {
+  switch (filter.Get("CommodityType").ToInt32()) {
+    case 1:
+      return Join(" And ", item, ".FErpClsID=4");
+    case 2:
+      return Join(" And ", item, ".FErpClsID<>4");
+    default:
+      return "";
   }
 }
 

@@ -30,27 +30,10 @@ std::string HookCondition(const Dictionary& filter) {
   return status == kAllHookStates ? "" : Join(" And v1.FHookStatus=", status);
 }
 
-// The dialog's row "all" has the number 1.
-std::string SaleStyleCondition(const Dictionary& filter) {
-  const std::int32_t style = filter.Get("SaleType").ToInt32();
-  return style > 1 ? Join(" And v1.FSaleStyle=", style) : "";
-}
-
-std::string_view CommodityCondition(const Dictionary& filter) {
-  switch (filter.Get("CommodityType").ToInt32()) {
-    case 1:
-      return " And t2.FErpClsID=4";
-    case 2:
-      return " And t2.FErpClsID<>4";
-    default:
-      return "";
-  }
-}
-
 std::string Conditions(std::int32_t list, const Dictionary& filter) {
   const std::string_view code = CodeColumn(filter);
   return Join(KindCondition(list), StateCondition(filter), HookCondition(filter), SaleStyleCondition(filter),
-              CommodityCondition(filter),
+              CommodityCondition(filter, "t2"),
               RangeCondition(filter, Join("t2.", code), "BItemNumber", "EItemNumber"),
               RangeCondition(filter, Join("t1.", code), "BCustNumber", "ECustNumber"),
               DayCondition(filter.Get("BDate"), filter.Get("EDate")), RightCondition(filter));

@@ -1,15 +1,16 @@
 #include "suite/middletier/fee_invoices.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "runtime/mrpt.h"
 #include "suite/middletier/base_currency.h"
 #include "suite/middletier/bill_filter.h"
 #include "suite/middletier/recordset_sink.h"
 #include "suite/middletier/sale_batch.h"
+#include "suite/middletier/sort_list.h"
 #include "suite/middletier/table_columns.h"
 
 namespace salerpt::middletier {
@@ -209,25 +210,13 @@ std::string_view OrderColumn(std::string_view name) {
                      Join("\"OrderBy\" names ", name, ", which is no column of the fee invoice list"));
 }
 
-std::string_view OrderDirection(std::string_view word) {
-  if (word.empty() || EqualNames(word, "ASC")) return " ASC";
-  if (EqualNames(word, "DESC")) return " DESC";
-  throw RuntimeError(error_number::kInvalidCall, "",
-                     Join("\"OrderBy\" holds ", word, " behind a column; ASC or DESC was expected"));
-}
-
 // The order of the filter, read and written anew, so that nothing but columns gets into the statement.
 std::string OrderText(const Dictionary& filter) {
-  const std::string order(Trim(filter.Get("OrderBy").TextOrEmpty()));
-  if (order.empty()) return "FDate,FBillNo,";
+  const std::vector<SortTerm> terms = ReadSortList(filter.Get("OrderBy").TextOrEmpty());
+  if (terms.empty()) return "FDate,FBillNo,";
   std::string text;
-  for (std::string_view rest = order; !rest.empty();) {
-    const auto comma = std::min(rest.find(','), rest.size());
-    const std::string_view piece = Trim(rest.substr(0, comma));
-    rest.remove_prefix(std::min(comma + 1, rest.size()));
-    const auto blank = std::min(piece.find(' '), piece.size());
-    Append(text, OrderColumn(piece.substr(0, blank)), OrderDirection(Trim(piece.substr(blank))), ",");
-  }
+  for (const SortTerm& term : terms)
+    Append(text, OrderColumn(term.name), term.descending ? " DESC," : " ASC,");
   return text;
 }
 

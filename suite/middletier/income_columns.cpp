@@ -10,7 +10,8 @@ namespace {
 
 // Behind a total row's block stands the row itself; before the block stands the total row that closes the
 // block before it, which is of the same code or of a lower one: codes grow from the outer group to the inner.
-// The last row is the grand total and sums everything.
+// So a total row looks back over its own block and no further, and a row is read once for each group that it
+// is in. The last row is the grand total and sums everything.
 void FillCommonQuantity(tsql::Session& session, std::string_view table) {
   // clang-format off
   session.Execute(Join(
@@ -23,9 +24,11 @@ void FillCommonQuantity(tsql::Session& session, std::string_view table) {
       "  Left Join t_MeasureUnit u On t2.FCUUnitID=u.FMeasureUnitID\r\n"
       "  Where t1.FSumSort=0\r\n"
       "  Update t1 Set t1.FCUUnitQty=(Select Sum(d.FCUUnitQty) From ", table, " d\r\n"
-      "    Where d.FSumSort=0 And d.FID<t1.FID And (t1.FID=@LastID Or d.FID>IsNull((Select Top 1 p.FID From ", table, " p\r\n"
-      "      Where p.FID<t1.FID And p.FSumSort>0 And p.FSumSort<=t1.FSumSort Order By p.FID Desc),0)))\r\n"
-      "  From ", table, " t1 Where t1.FSumSort>0\r\n"
+      "    Where d.FSumSort=0 And d.FID<t1.FID And d.FID>IsNull((Select Top 1 p.FID From ", table, " p\r\n"
+      "      Where p.FID<t1.FID And p.FSumSort>0 And p.FSumSort<=t1.FSumSort Order By p.FID Desc),0))\r\n"
+      "  From ", table, " t1 Where t1.FSumSort>0 And t1.FID<@LastID\r\n"
+      "  Update ", table, " Set FCUUnitQty=(Select Sum(d.FCUUnitQty) From ", table, " d Where d.FSumSort=0)\r\n"
+      "  Where FSumSort>0 And FID=@LastID\r\n"
       "End\r\n"));
   // clang-format on
 }

@@ -2,14 +2,20 @@
 #include <span>
 
 #include "runtime/dictionary.h"
+#include "suite/middletier/batch_tracking.h"
 #include "suite/middletier/consignment.h"
 #include "suite/middletier/customer_sales.h"
 #include "suite/middletier/dialog_lists.h"
 #include "suite/middletier/fee_invoices.h"
 #include "suite/middletier/income_statistics.h"
 #include "suite/middletier/objects.h"
+#include "suite/middletier/order_due.h"
+#include "suite/middletier/order_execution.h"
+#include "suite/middletier/order_receipts.h"
+#include "suite/middletier/order_tracking.h"
 #include "suite/middletier/sale_amounts.h"
 #include "suite/middletier/suite_object.h"
+#include "suite/middletier/virtual_items.h"
 
 namespace salerpt::middletier {
 namespace {
@@ -59,6 +65,31 @@ class SaleData final : public SuiteObject<SaleData> {
     return ConsignmentList(self.GetServer(), DictionaryIn(arguments[1], "request"));
   }
 
+  static Variant GetRpt137Data_new(SaleData& self, Arguments arguments) {
+    return OrderExecution(self.GetServer(), DictionaryIn(arguments[1], "filter"));
+  }
+
+  static Variant GetRpt189Data(SaleData& self, Arguments arguments) {
+    return OrdersDue(self.GetServer(), DictionaryIn(arguments[1], "filter"));
+  }
+
+  static Variant GetRpt139Data(SaleData& self, Arguments arguments) {
+    return OrderTracking(self.GetServer(), DictionaryIn(arguments[1], "frames"),
+                         DictionaryIn(arguments[2], "filter"));
+  }
+
+  static Variant GetRpt192Data(SaleData& self, Arguments arguments) {
+    return BatchTracking(self.GetServer(), DictionaryIn(arguments[1], "filter"));
+  }
+
+  static Variant GetRpt300Data(SaleData& self, Arguments arguments) {
+    return VirtualItemOrders(self.GetServer(), DictionaryIn(arguments[1], "request"));
+  }
+
+  static Variant GetRpt1010Data(SaleData& self, Arguments arguments) {
+    return OrderReceipts(self.GetServer(), DictionaryIn(arguments[1], "filter"));
+  }
+
   static Variant GetData(SaleData& self, Arguments arguments) {
     return self.GetServer().Query(arguments[1].ToText());
   }
@@ -78,7 +109,7 @@ class SaleData final : public SuiteObject<SaleData> {
   }
 
   static std::span<const Member<SaleData>> Members() {
-    static constexpr std::array<Member<SaleData>, 11> kMembers{{
+    static constexpr std::array<Member<SaleData>, 17> kMembers{{
         {"GetSaleAmountData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
          GetSaleAmountData, 2},
         {"GetSaleDetailData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
@@ -94,6 +125,18 @@ class SaleData final : public SuiteObject<SaleData> {
          GetRpt302Data, 2},
         {"GetRpt303data", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
          GetRpt303data, 2},
+        {"GetRpt137Data_new", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Recordset",
+         GetRpt137Data_new, 2},
+        {"GetRpt189Data", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Recordset",
+         GetRpt189Data, 2},
+        {"GetRpt139Data", InvokeKind::kMethod,
+         "(props As String, frames As Dictionary, filter As Dictionary) As Recordset", GetRpt139Data, 3},
+        {"GetRpt192Data", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Dictionary",
+         GetRpt192Data, 2},
+        {"GetRpt300Data", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
+         GetRpt300Data, 2},
+        {"GetRpt1010Data", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Recordset",
+         GetRpt1010Data, 2},
         {"GetData", InvokeKind::kMethod, "(props As String, sql As String) As Recordset", GetData, 2},
         {"GetItemMaxLevel", InvokeKind::kMethod, "(props As String, itemClassID As Long) As Long",
          GetItemMaxLevel, 2},
