@@ -57,13 +57,6 @@ void Rpt133::InitProperty(std::int32_t number) {
       "ROUND(v2.FTaxAmount*ISNULL(v1.FExchangeRate,1),2)),"
       "sum(Round(case v1.FTranType when 80 then (v2.FTaxAmount + v2.FAmount)*ISNULL(v1.FExchangeRate,1) "
       " else v2.FAmount*ISNULL(v1.FExchangeRate,1) end,2)),'',0,";
-  // The joins are in comma form: a table of groups is added by a comma, its join by an AND. An invoice without
-  // a department or an employee takes part all the same.
-  from_text_ =
-      " FROM ICSale v1"
-      " LEFT JOIN t_Department t3 ON v1.FDeptID=t3.FItemID"
-      " LEFT JOIN t_Emp t4 ON v1.FEmpID=t4.FItemID"
-      ",ICSaleEntry v2,t_ICItem t1,t_Organization t2";
   where_text_ = Join(
       " WHERE v1.FInterID=v2.FInterID  AND v1.FTranType in (80,86) \r\n"
       " ##CHECKSTATE##  ##CHECKDATE## "
@@ -242,6 +235,27 @@ void Rpt133::AddCommonColumns() {
   column(ResText("合计$"), "FCountAmount", kAmount, true);
 }
 
+// --- What the rows are read from
+
+// The joins are in comma form: a table of groups is added by a comma, its join by an AND. Departments and
+// employees stand there only where the rows are grouped or bounded by them; an invoice without one takes part
+// all the same.
+std::string Rpt133::FromText() const {
+  const Dictionary& filter = Conditions();
+  constexpr int kDepartment = 2;
+  constexpr int kEmployee = 3;
+  const int item_class = IsGrouped(filter) ? FilterInt(*FilterSumField(filter), "FItemClassID") : 0;
+  bool reads_people = item_class == kDepartment || item_class == kEmployee;
+  for (const std::string_view key : {"BDeptNumber", "EDeptNumber", "BEmpNumber", "EEmpNumber"}) {
+    reads_people = reads_people || !FilterText(filter, key).empty();
+  }
+  return Join(" FROM ICSale v1",
+              reads_people ? " LEFT JOIN t_Department t3 ON v1.FDeptID=t3.FItemID"
+                             " LEFT JOIN t_Emp t4 ON v1.FEmpID=t4.FItemID"
+                           : "",
+              ",ICSaleEntry v2,t_ICItem t1,t_Organization t2");
+}
+
 // --- Batch by item
 
 // The texts stand as they are sent.
@@ -258,7 +272,7 @@ DictionaryRef Rpt133::BuildByItem() const {
                               value_list_,
                               " CASE  WHEN GROUPING(t1.FNumber)=1 THEN 101 \r\n"
                               " ELSE 0 END ",
-                              from_text_, where_text_, condition_, "\r\n"));
+                              FromText(), where_text_, condition_, "\r\n"));
   request->Set("GROUPBY", "Group by t1.FNumber WITH ROLLUP ");
   request->Set("ITEMFILTER", item_filter_template_);
   request->Set("EndSel", Join("SELECT * FROM #DATA  ", SumOnly(Conditions(), "WHERE FSumSort>100"), "\r\n"

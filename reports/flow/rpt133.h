@@ -45,6 +45,7 @@ class Rpt133 final : public Report {
   void AddGroupColumns(int sum_mode);
   void AddCommonColumns();
   [[nodiscard]] DictionaryRef BuildRequest();
+  [[nodiscard]] std::string FromText() const;
   [[nodiscard]] DictionaryRef BuildByItem() const;
   void ReplaceState(Dictionary& request) const;
 
@@ -59,7 +60,6 @@ class Rpt133 final : public Report {
   std::string item_filter_template_;
   std::string column_definitions_;
   std::string value_list_;
-  std::string from_text_;
   std::string where_text_;
   std::string item_word_;
   // From the filter, at each fetch.

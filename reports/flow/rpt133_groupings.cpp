@@ -66,7 +66,7 @@ DictionaryRef Rpt133::BuildByProperty() const {
            " CONVERT(varchar(355),", value, ")+'(", "小计", ")' \r\n"
            " ELSE CONVERT(varchar(355),", value, ") END, \r\n"
            " t1.FNumber,");
-    from = from_text_;
+    from = FromText();
   } else {
     // It stands in a table of its own.
     const std::string value = Join("tt2.", FilterText(*sum_field, "FDisplayField"));
@@ -122,12 +122,12 @@ DictionaryRef Rpt133::BuildByProperty() const {
 std::string Rpt133::FromWithSource(int item_class, std::string_view source_join) const {
   switch (item_class) {
     case 1:
-      return Join(from_text_, source_join);
+      return Join(FromText(), source_join);
     case 4:
-      return Replace(from_text_, ",t_ICItem t1", Join(",t_ICItem t1", source_join));
+      return Replace(FromText(), ",t_ICItem t1", Join(",t_ICItem t1", source_join));
     default:
       // Department and employee, or the invoice itself.
-      return Replace(from_text_, ",ICSaleEntry v2", Join(source_join, ",ICSaleEntry v2"));
+      return Replace(FromText(), ",ICSaleEntry v2", Join(source_join, ",ICSaleEntry v2"));
   }
 }
 
@@ -232,7 +232,7 @@ DictionaryRef Rpt133::BuildByLevel(LevelKind kind, int sum_mode) const {
                               "INSERT INTO "
                               " #DATA \r\n",
                               texts.select, ",", value_list_, texts.sum_sort,
-                              from_text_, ",#ItemLevel tt1", where_text_, texts.where, condition_));
+                              FromText(), ",#ItemLevel tt1", where_text_, texts.where, condition_));
   request->Set("GROUPBY", Join(texts.group, " WITH ROLLUP\r\n"));
   request->Set("ITEMFILTER",
                Replace(item_filter_template_, "##ITEMID##", by_customer ? " v1.FCustID " : " v2.FItemID "));

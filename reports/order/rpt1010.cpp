@@ -58,7 +58,6 @@ void Rpt1010::FetchData() {
   Conditions().Set("bLongNumber", Runtime::Current().gLongNumber);
   Conditions().Set("RptID", PlanFamily());
   Conditions().Set("UserID", GetUserID());
-  Conditions().Set("DataRightFrom", right.from_text);
   Conditions().Set("DataRightWhere", right.where_text);
   ForgetReturnedError(Conditions());
 

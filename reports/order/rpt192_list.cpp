@@ -79,7 +79,9 @@ static_assert(StandInOrder());
 RecordsetRef OpenList() {
   constexpr std::int32_t kTextSize = 355;
   RecordsetRef list = MakeRecordset();
-  for (const ListField& field : kFields) list->AppendField(field.name, field.type, kTextSize);
+  for (const ListField& field : kFields) {
+    list->AppendField(field.name, field.type, field.type == FieldType::kVarChar ? kTextSize : 0);
+  }
   list->Open();
   return list;
 }

@@ -13,8 +13,16 @@
 namespace salerpt::middletier {
 namespace {
 
-std::string Conditions(const Dictionary& filter) {
-  const std::string_view code = CodeColumn(filter);
+// The report does not tell which codes are in use. The system does: 0 the long ones.
+bool LongCodesInUse(Server& server, const Dictionary& filter) {
+  if (filter.Lookup("bLongNumber")) return filter.Get("bLongNumber").ToBoolean();
+  const RecordsetRef rows =
+      server.Query("Select FValue From t_SystemProfile Where FCategory='IC' And FKey='UseShortNumber'");
+  return rows->RecordCount() > 0 && Val(rows->Value(0).TextOrEmpty()) == 0;
+}
+
+std::string Conditions(const Dictionary& filter, bool long_codes) {
+  const std::string_view code = long_codes ? "FNumber" : "FShortNumber";
   return Join(StateCondition(filter), CloseCondition(filter),
               RangeCondition(filter, Join("t10.", code), "BItemNumber", "EItemNumber"),
               RangeCondition(filter, Join("T2.", code), "BCustNumber", "ECustNumber"),
@@ -99,7 +107,8 @@ RecordsetRef RowsOf(tsql::Session& session, std::string_view batch) {
 
 DictionaryRef BatchTracking(Server& server, const Dictionary& filter) {
   const std::int16_t scale = BaseCurrencyScale(server);
-  const std::string lines = Join(OrderLinesText(filter, "T2", Conditions(filter)), kProductionText);
+  const std::string lines =
+      Join(OrderLinesText(filter, "T2", Conditions(filter, LongCodesInUse(server, filter))), kProductionText);
   return server.Converse([&](tsql::Session& session) {
     session.Execute(lines);
     auto sets = std::make_shared<Dictionary>();

@@ -28,9 +28,9 @@ namespace salerpt::middletier {
 // Stock bills count that are audited or moved the stock when they were saved; cancelled bills and tasks
 // never. The filter:
 //   "BDate", "EDate"              days of the order
-//   "BItemNumber", "BCustNumber" and their "E…"   codes, long ones where "bLongNumber" is true; an end that
-//   is
-//                                 absent or empty is open
+//   "BItemNumber", "BCustNumber" and their "E…"   codes, long ones where "bLongNumber" is true, or
+//                                 where it is absent and the system uses them; an end that is absent or empty
+//                                 is open
 //   "BBill", "EBill"              numbers of orders
 //   "CheckState"                  0 audited, 1 not audited, else both; cancelled orders never
 //   "CloseState"                  1 open orders, 2 closed ones, else both

@@ -11,7 +11,7 @@ namespace salerpt::middletier {
 // The unit in which a batch counts the quantities that it calls common: its name must be of the same unit.
 enum class CommonUnit : std::uint8_t {
   kSaleUnit,    // the item's sale unit, FSaleUnitID: outbound summary and detail, gross profit
-  kCommonUnit,  // the item's common unit, FCUUnitID: income statistics, customer sales
+  kCommonUnit,  // the item's common unit, FCUUnitID: income statistics, customer sales, order execution
 };
 
 // Fills the item columns of a temporary table, such as "#DATA", from the item master, found by the table's

@@ -133,7 +133,11 @@ TEST_F(Rpt133ByItem, BoundsDepartmentsAndEmployees) {
       " AND t3.FNumber>='31' AND t3.FNumber<='32' AND t4.FNumber>='41' AND t4.FNumber<='42'");
   EXPECT_EQ(Condition({{"BDeptNumber", "O'Neil"}}), " AND t3.FNumber>='O''Neil'");
   EXPECT_EQ(Condition({{"EEmpNumber", "42"}}), " AND t4.FNumber<='42'");
-  ExpectPiece(request_.at("SELECT"), "{FROM}");
+  ExpectPiece(request_.at("SELECT"), " FROM ICSale v1{PEOPLE},ICSaleEntry v2,t_ICItem t1,t_Organization t2");
+}
+
+TEST_F(Rpt133ByItem, JoinsDepartmentsAndEmployeesOnlyWhereItReadsThem) {
+  ExpectPiece(Fetch().at("SELECT"), " FROM ICSale v1,ICSaleEntry v2,t_ICItem t1,t_Organization t2");
 }
 
 TEST_F(Rpt133ByItem, JoinsAllPiecesOnce) {

@@ -9,8 +9,8 @@ namespace salerpt::testing {
 // (CONDITION):
 // COLUMNS   the column definitions of #DATA
 // VALUES    the value list of the insert
-// FROM, WHERE   the tables in comma form and what holds them together; behind the invoices JOINS, of
-//               departments and employees
+// FROM, WHERE   the tables in comma form and what holds them together; behind the invoices JOINS, which is
+//               nothing, or PEOPLE, the joins of departments and employees, where the report reads them
 // ITEMFIELD     the field that spares rows of #ItemLevel
 // ONLYTOTALS    what leaves the final select with total rows alone
 const Pieces& Rpt133Pieces();
