@@ -68,23 +68,31 @@ DictionaryRef Host::Conditions(const ReportClass& report_class, const std::vecto
   return Confirm(*unattended, choices);
 }
 
-ObjectRef Host::Run(const ReportClass& report_class, std::vector<Choice> choices) {
-  std::optional<std::int32_t> number;
-  std::erase_if(choices, [&number](const Choice& choice) {
-    if (!EqualNames(choice.key, "RptID")) return false;
-    number = TypedValue(choice, std::int32_t{0}).ToInt32();
-    return true;
-  });
-  return Fetch(report_class, Conditions(report_class, choices), number);
-}
+namespace {
 
-ObjectRef Host::Fetch(const ReportClass& report_class, const DictionaryRef& filter,
-                      std::optional<std::int32_t> number) {
-  ObjectRef report = CreateObject(ReportProgID(report_class.name));
-  if (number) LetMember(report, "RptID", *number);
+void FetchInto(const ReportClass& report_class, const ObjectRef& report, const DictionaryRef& filter) {
   SetMember(report, "Filter", filter);
   Call(report, "GetReportData");
   RequireSuccess(report_class.name, report);
+}
+
+}  // namespace
+
+ObjectRef Host::Run(const ReportClass& report_class, std::vector<Choice> choices) {
+  RequireMade(runtime_, report_class);
+  ObjectRef report = CreateObject(ReportProgID(report_class.name));
+  std::erase_if(choices, [&report](const Choice& choice) {
+    if (!EqualNames(choice.key, "RptID")) return false;
+    LetMember(report, "RptID", TypedValue(choice, std::int32_t{0}));
+    return true;
+  });
+  FetchInto(report_class, report, Conditions(report_class, choices));
+  return report;
+}
+
+ObjectRef Host::Fetch(const ReportClass& report_class, const DictionaryRef& filter) {
+  ObjectRef report = CreateObject(ReportProgID(report_class.name));
+  FetchInto(report_class, report, filter);
   return report;
 }
 

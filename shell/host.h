@@ -1,9 +1,7 @@
 // The host of the reports: opens an account set, logs in, runs reports the way the suite's own shell does.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -30,11 +28,10 @@ class Host {
   // The conditions of the class's dialog with the choices over them. Raises invalid-call for a class that
   // this build does not have, and as Confirm does.
   DictionaryRef Conditions(const ReportClass& report_class, const std::vector<Choice>& choices);
-  // A report that has fetched; `number` becomes its `RptID`, which tells the lists of one class apart. Raises
-  // ReportFailure with what `Result` tells.
-  ObjectRef Fetch(const ReportClass& report_class, const DictionaryRef& filter,
-                  std::optional<std::int32_t> number = std::nullopt);
-  // Both in one: "RptID" among the choices is the report's number, all others are conditions.
+  // A report that has fetched. Raises ReportFailure with what `Result` tells.
+  ObjectRef Fetch(const ReportClass& report_class, const DictionaryRef& filter);
+  // Both, in a host's order: the report is made before its dialog opens. "RptID" among the choices becomes
+  // the report's number, which tells the lists of one class apart; all others are conditions.
   ObjectRef Run(const ReportClass& report_class, std::vector<Choice> choices);
   // The detail report of a row (from 0, among the rows shown). Raises ReportFailure where the row has none or
   // the detail report fails, and invalid-call for a class without details or a row beyond the last.
