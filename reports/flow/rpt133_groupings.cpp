@@ -80,7 +80,7 @@ DictionaryRef Rpt133::BuildByProperty() const {
            " t1.FNumber,");
     from = FromWithSource(item_class, Join(" LEFT JOIN ", source_table, " tt2 ON ", table, source_column,
                                            "=tt2.", FilterText(*sum_field, "FSrcField")));
-    // Told a second time beside the table of the property. Kept: the batch has always carried it.
+    // Told a second time beside the table of the property. Kept: sent texts do not change without need.
     source_where = " AND  v2.FItemID=t1.FItemID ";
   }
 

@@ -161,8 +161,7 @@ void Rpt176::ReplacePlaceholders(Dictionary& request) const {
   const Dictionary& filter = Conditions();
   std::string state;
   std::string stock;
-  // Kept: the values are those of an older list without "已钩稽", so that what reads "已审核" in today's
-  // dialog (1) takes bills that are not audited. Plans hold the numbers.
+  // Kept: plans hold the numbers. What reads "已审核" in the dialog (1) takes bills that are not audited.
   switch (FilterInt(filter, "CheckState")) {
     case 0:
       state = " And v1.FStatus>0 And v1.FCancelLation=0 And v1.FHookStatus > 0 ";
