@@ -23,7 +23,8 @@ UPDATE t_MeasureUnit SET FCoefficient=0 WHERE FMeasureUnitID=402;
 UPDATE t_ICItem SET FCUUnitID=999 WHERE FItemID%13=0;
 UPDATE ICMO SET FCommitQty=FQty*0.45 WHERE FInterID%4=0;
 INSERT INTO ICMO(FInterID,FBillNo,FItemID,FUnitID,FQty,FAuxQty,FCommitQty,FOrderInterID,FSourceEntryID)
-  SELECT FInterID+100000,FBillNo||'B',FItemID,FUnitID,7,7,2.5,FOrderInterID,FSourceEntryID FROM ICMO WHERE FInterID%5=0;
+  SELECT FInterID+100000,FBillNo||'B',FItemID,FUnitID,7,7,2.5,FOrderInterID,FSourceEntryID
+  FROM ICMO WHERE FInterID%5=0;
 UPDATE ICMO SET FCancelLation=1 WHERE FInterID%9=0;
 UPDATE ICStockBillEntry SET FICMOInterID=0 WHERE FOrderInterID>0 AND FInterID%3=0;
 UPDATE ICStockBill SET FStatus=0 WHERE FTranType IN (2,21) AND FInterID%5=0;

@@ -8,8 +8,8 @@ namespace {
 
 // What the report must tell apart and the made-up company has too little of: more virtual items, one without
 // a bill of material, one with two in use, one whose lines name a bill that is not in use; bills for two of
-// the item; items in it without a price, whole bills of them; lines that name the bill of another item;
-// currencies; orders of nobody, not audited, cancelled, of area 0; deliveries in part, sent back, not
+// the item; items in it without a price, whole bills of them; lines that name the bill of another item or
+// none; currencies; orders of nobody, not audited, cancelled, of area 0; deliveries in part, sent back, not
 // audited; a unit without a coefficient; two customers of one name.
 constexpr const char* kPrepare = R"sql(
 BEGIN;
@@ -20,28 +20,25 @@ INSERT INTO ICBOM(FInterID,FBOMNumber,FItemID,FQty,FStatus)
   SELECT 9000+FItemID,'X'||FItemID,FItemID,2,FItemID%2 FROM t_ICItem WHERE FErpClsID=5 AND FItemID%5<3
   AND FItemID IN (SELECT FItemID FROM ICBOM);
 INSERT INTO ICBOMChild(FInterID,FEntryID,FItemID,FUnitID,FQty,FAuxQty)
-  SELECT b.FInterID,1,i.FItemID,i.FUnitID,3,3 FROM ICBOM b JOIN t_ICItem i ON i.FItemID=1240+b.FInterID%7
-  WHERE b.FInterID>9000 UNION ALL SELECT b.FInterID,2,i.FItemID,i.FUnitID,0.7,0.7 FROM ICBOM b JOIN t_ICItem i
-  ON i.FItemID=1230+b.FInterID%7 WHERE b.FInterID>9000;
-UPDATE SEOrderEntry SET FBomInterID=9000+FItemID WHERE FEntryID%2=0 AND 9000+FItemID IN
-  (SELECT FInterID FROM ICBOM);
-UPDATE SEOrderEntry SET FBomInterID=0 WHERE FInterID%6=0;
-UPDATE SEOrderEntry SET FBomInterID=1 WHERE FInterID%7=0;
+  SELECT b.FInterID,p,i.FItemID,i.FUnitID,q,q FROM ICBOM b JOIN (SELECT 1 p,3 q,1240 k
+  UNION SELECT 2,0.7,1230) JOIN t_ICItem i ON i.FItemID=k+b.FInterID%7 WHERE b.FInterID>9000;
+UPDATE ICBOM SET FStatus=0 WHERE FInterID<9000 AND FItemID%2=1 AND FItemID%5<2;
+UPDATE SEOrderEntry SET FBomInterID=9000+FItemID WHERE FEntryID%2=0;
+UPDATE SEOrderEntry SET FBomInterID=FInterID%6>0 WHERE FInterID%6=0 OR FInterID%7=0;
 UPDATE t_ICItem SET FSalePrice=0 WHERE FItemID%4=0 OR FItemID BETWEEN 1245 AND 1249;
 UPDATE SEOrder SET FCurrencyID=2,FExchangeRate=6.7681 WHERE FInterID%5=0;
-UPDATE SEOrder SET FAreaPS=20303 WHERE FInterID%3=0;
-UPDATE SEOrder SET FAreaPS=0 WHERE FInterID%4=0;
+UPDATE SEOrder SET FAreaPS=CASE FInterID%4 WHEN 0 THEN 0 ELSE 20303 END WHERE FInterID%3=0 OR FInterID%4=0;
 UPDATE SEOrder SET FCustID=0 WHERE FInterID%17=0;
 UPDATE SEOrder SET FStatus=0 WHERE FInterID%8=0;
 UPDATE SEOrder SET FCancelLation=1 WHERE FInterID%11=0;
 UPDATE ICStockBill SET FStatus=0 WHERE FTranType=21 AND FInterID%5=0;
-UPDATE ICStockBillEntry SET FQty=FQty*0.55 WHERE FInterID%4=0;
-UPDATE ICStockBillEntry SET FQty=-FQty WHERE FInterID%29=0;
+UPDATE ICStockBillEntry SET FQty=FQty*CASE FInterID%4 WHEN 0 THEN 0.55 ELSE -1 END
+  WHERE FInterID%4=0 OR FInterID%29=0;
 UPDATE t_MeasureUnit SET FCoefficient=0 WHERE FMeasureUnitID=602;
 UPDATE t_Organization SET FName='同名客户' WHERE FItemID IN
   (SELECT FCustID FROM SEOrder WHERE FCustID>0 GROUP BY FCustID ORDER BY count(*) DESC,FCustID LIMIT 2);
 CREATE TEMP TABLE told AS SELECT i.FItemID item_id,i.FName own_name,i.FModel own_model,b.FName own_base,
-  u.FName own_unit,i.FQtyDecimal own_places,CASE u.FCoefficient WHEN 0 THEN 1.0 ELSE u.FCoefficient*1.0 END pack
+  u.FName own_unit,i.FQtyDecimal own_places,coalesce(nullif(u.FCoefficient,0),1)*1.0 pack
   FROM t_ICItem i JOIN t_MeasureUnit b ON b.FUnitGroupID=i.FUnitGroupID AND b.FStandard=1
   JOIN t_MeasureUnit u ON u.FMeasureUnitID=i.FSaleUnitID;
 CREATE TEMP TABLE sold AS WITH sent AS (SELECT e.FOrderInterID id,e.FOrderEntryID entry,e.FQty qty
@@ -59,13 +56,13 @@ CREATE TEMP TABLE sold AS WITH sent AS (SELECT e.FOrderInterID id,e.FOrderEntryI
   (SELECT FInterID FROM ICBOM m WHERE m.FInterID=e.FBomInterID AND m.FItemID=e.FItemID),
   (SELECT min(FInterID) FROM ICBOM m WHERE m.FItemID=e.FItemID AND m.FStatus=1)) bom
   FROM SEOrder b JOIN SEOrderEntry e USING(FInterID) JOIN t_ICItem i ON i.FItemID=e.FItemID
-  JOIN t_SubMessage y ON y.FInterID=b.FSaleStyle
-  LEFT JOIN went w ON w.id=e.FInterID AND w.entry=e.FEntryID LEFT JOIN t_Organization o ON o.FItemID=b.FCustID
-  LEFT JOIN t_SubMessage r ON r.FInterID=o.FRegionID WHERE i.FErpClsID=5 AND b.FCancelLation=0;
+  JOIN t_SubMessage y ON y.FInterID=b.FSaleStyle LEFT JOIN went w ON w.id=e.FInterID AND w.entry=e.FEntryID
+  LEFT JOIN t_Organization o ON o.FItemID=b.FCustID LEFT JOIN t_SubMessage r ON r.FInterID=o.FRegionID
+  WHERE i.FErpClsID=5 AND b.FCancelLation=0;
 CREATE TEMP TABLE shown AS SELECT *,0 place,'' child,0 child_sale,0 child_amount FROM sold
   JOIN told ON item_id=virtual_id;
 WITH weighed AS (SELECT s.id,s.entry,s.amount,c.FEntryID place,c.FItemID item_id,
-  1.0*s.sale*c.FQty/(CASE m.FQty WHEN 0 THEN 1 ELSE m.FQty END) qty,CASE sum(c.FQty*i.FSalePrice)
+  1.0*s.sale*c.FQty/coalesce(nullif(m.FQty,0),1) qty,CASE sum(c.FQty*i.FSalePrice)
   OVER (PARTITION BY s.id,s.entry) WHEN 0 THEN 1.0*c.FQty ELSE 1.0*c.FQty*i.FSalePrice END weight
   FROM sold s JOIN ICBOM m ON m.FInterID=s.bom JOIN ICBOMChild c ON c.FInterID=m.FInterID
   JOIN t_ICItem i ON i.FItemID=c.FItemID),
@@ -88,9 +85,7 @@ constexpr const char* kAudited = " AND status>0";
 // Rows of "sum by" have their codes; 0 is the plain list, what follows the customer are properties.
 struct Case {
   int mode;
-  int from = 1;
-  int to = 2;
-
+  int from = 1, to = 2;
   static std::string Name(const Case& c) { return Join("Mode", c.mode, "Levels", c.from, "To", c.to); }
   friend void PrintTo(const Case& c, std::ostream* out) { *out << Name(c); }
 };
@@ -298,7 +293,6 @@ const std::vector<Choice>& Choices() {
       {"ToItem", {{"EItemNumber", "01.02"}}, " AND status>0 AND item<='01.02'"},
       {"FromCustomer", {{"BCustNumber", "01.02"}}, " AND status>0 AND cust>='01.02'"},
       {"ToCustomer", {{"ECustNumber", "02"}}, " AND status>0 AND cust<='02'"},
-      {"AllSaleStyles", {{"SaleType", 1}}, kAudited},
       {"Consigned", {{"SaleType", 103}, {"SaleTypeName", "委托代销"}}, " AND status>0 AND style=103"},
       {"AreaZero", {{"OrderType", 0}}, " AND status>0 AND area=0"},
       {"Moved", {{"OrderType", 20303}, {"OrderTypeName", "调拨"}}, " AND status>0 AND area=20303"},
