@@ -2,20 +2,13 @@
 #include <span>
 
 #include "runtime/dictionary.h"
+#include "suite/middletier/base_currency.h"
 #include "suite/middletier/objects.h"
 #include "suite/middletier/sale_lines.h"
 #include "suite/middletier/suite_object.h"
 
 namespace salerpt::middletier {
 namespace {
-
-constexpr std::int16_t kUsualScale = 2;
-
-// Decimals of the base currency, to which the suite's amounts are rounded.
-std::int16_t BaseScale(Server& server) {
-  const RecordsetRef rows = server.Query("Select FScale From t_Currency Where FCurrencyID=1");
-  return rows->RecordCount() == 0 ? kUsualScale : rows->Value(0).ToInt16();
-}
 
 // `ORVMCaculateRpt.Data`: the rows of the period reports. The ProgID is spelled so.
 class CalculatedData final : public SuiteObject<CalculatedData> {
@@ -30,7 +23,7 @@ class CalculatedData final : public SuiteObject<CalculatedData> {
     if (!filter)
       throw RuntimeError(error_number::kInvalidCall, "", "the filter is nothing; a Dictionary was expected");
     const Period period{arguments[1].ToInt32(), arguments[2].ToInt32()};
-    return self.GetServer().Query(SaleLinesSql(period, *filter, BaseScale(self.GetServer())));
+    return self.GetServer().Query(SaleLinesSql(period, *filter, BaseCurrencyScale(self.GetServer())));
   }
 
   static std::span<const Member<CalculatedData>> Members() {
