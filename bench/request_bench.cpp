@@ -9,7 +9,8 @@
 #include <new>
 #include <string>
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/tables/tables.h"
+#include "dialogs/unattended.h"
 #include "reports/reports.h"
 #include "runtime/dictionary.h"
 #include "runtime/mparse.h"
@@ -150,16 +151,16 @@ void RequireSuccess(benchmark::State& state, const ObjectRef& report) {
 void BM_OutboundSummary(benchmark::State& state) {
   World world;
   const ObjectRef report = salerpt::CreateObject("ORVSaleRpt.Rpt128");
-  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable("frmFirter128"));
-  dialog.Choose("BDate", "2024-01-01");
-  dialog.Choose("EDate", "2024-12-31");
-  dialog.Choose("BItemNumber", "01");
-  dialog.Choose("ECustNumber", "99");
-  dialog.Choose("GroupBy", state.range(0) == 0 ? 0 : 1);
-  dialog.Choose("SumMode", static_cast<std::int32_t>(state.range(0)));
-  if (state.range(1) != 0) dialog.Choose("Orderby", "FOutAmount DESC");
-  dialog.Confirm();
-  SetMember(report, "Filter", dialog.Filter());
+  std::vector<salerpt::Dictionary::Entry> chosen = {
+      {"BDate", "2024-01-01"},
+      {"EDate", "2024-12-31"},
+      {"BItemNumber", "01"},
+      {"ECustNumber", "99"},
+      {"GroupBy", std::int32_t{state.range(0) == 0 ? 0 : 1}},
+      {"SumMode", static_cast<std::int32_t>(state.range(0))},
+  };
+  if (state.range(1) != 0) chosen.push_back({"Orderby", "FOutAmount DESC"});
+  SetMember(report, "Filter", salerpt::ConfirmedFilter("frmFirter128", chosen));
   std::size_t most = 0;
   std::size_t most_of_batch = 0;
   const std::size_t columns = CommonColumnAllocations();
@@ -177,19 +178,15 @@ BENCHMARK(BM_OutboundSummary)
     ->ArgNames({"SumMode", "ordered"})
     ->ArgsProduct({{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, {0, 1}});
 
-// Any other report: class, and the row of "sum by"; no grouping where there is none.
+// Any other report: class, and the row of "sum by", 0 for the report without grouping.
+constexpr int kNoGroups = -1;  // the dialog does not group
 void BM_Request(benchmark::State& state, const char* class_name, const char* dialog_name, int sum_mode) {
   World world;
   const ObjectRef report = salerpt::CreateObject(salerpt::Join("ORVSaleRpt.", class_name));
-  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable(dialog_name));
-  dialog.Choose("BDate", "2024-01-01");
-  dialog.Choose("EDate", "2024-12-31");
-  if (!salerpt::FindDialogTable(dialog_name)->group_by.empty()) {
-    dialog.Choose("GroupBy", sum_mode == 0 ? 0 : 1);
-    if (sum_mode != 0) dialog.Choose("SumMode", sum_mode);
-  }
-  dialog.Confirm();
-  SetMember(report, "Filter", dialog.Filter());
+  std::vector<salerpt::Dictionary::Entry> chosen = {{"BDate", "2024-01-01"}, {"EDate", "2024-12-31"}};
+  if (sum_mode != kNoGroups) chosen.push_back({"GroupBy", std::int32_t{sum_mode == 0 ? 0 : 1}});
+  if (sum_mode > 0) chosen.push_back({"SumMode", std::int32_t{sum_mode}});
+  SetMember(report, "Filter", salerpt::ConfirmedFilter(dialog_name, chosen));
   for (auto _ : state) Call(report, "GetReportData");
   RequireSuccess(state, report);
 }
@@ -212,8 +209,13 @@ const bool kRegistered = [] {
       benchmark::RegisterBenchmark(salerpt::Join("BM_Request/", class_name, "/SumMode:", sum_mode).c_str(),
                                    BM_Request, class_name, dialog, sum_mode);
     };
+    const salerpt::DialogTable* table = salerpt::FindDialogTable(dialog);
+    if (table == nullptr || table->group_by == nullptr) {
+      add(kNoGroups);
+      continue;
+    }
     add(0);
-    for (const auto& row : salerpt::FindDialogTable(dialog)->group_by) add(row.code);
+    for (const salerpt::GroupByRow& row : table->group_by->rows) add(row.code);
   }
   return true;
 }();

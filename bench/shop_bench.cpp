@@ -15,7 +15,7 @@
 #include <sstream>
 #include <string>
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "reports/reports.h"
 #include "runtime/dictionary.h"
 #include "runtime/recordset.h"
@@ -115,17 +115,15 @@ struct World {
 void BM_OutboundByCustomerClass(benchmark::State& state) {
   if (!fs::exists(kShop)) return state.SkipWithError("the shop's data is not at hand");
   const World world;
-  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable("frmFirter128"));
-  dialog.Choose("BDate", "2010-01-01");
-  dialog.Choose("EDate", "2011-12-31");
-  dialog.Choose("SumMode", 2);
-  dialog.Choose("OnlyShowSum", static_cast<std::int32_t>(state.range(0)));
-  dialog.Choose("BLevel", 1);
-  dialog.Choose("ELevel", 1);
-  dialog.Choose("Orderby", "");
-  dialog.Confirm();
+  const std::vector<salerpt::Dictionary::Entry> chosen = {
+      {"BDate", "2010-01-01"}, {"EDate", "2011-12-31"},
+      {"SumMode", 2},          {"OnlyShowSum", static_cast<std::int32_t>(state.range(0))},
+      {"BLevel", 1},           {"ELevel", 1},
+      {"Orderby", ""},
+  };
+  const auto filter = salerpt::ConfirmedFilter("frmFirter128", chosen);
   const salerpt::ObjectRef report = salerpt::CreateObject("ORVSaleRpt.Rpt128");
-  SetMember(report, "Filter", dialog.Filter());
+  SetMember(report, "Filter", filter);
   for (auto _ : state) Call(report, "GetReportData");
   const auto rows = salerpt::As<salerpt::Recordset>(GetMember(report, "Rs"));
   if (!rows) return state.SkipWithError("the report failed");
@@ -211,15 +209,12 @@ BENCHMARK(BM_PeerCascadeByHand)->Unit(benchmark::kMillisecond)->UseRealTime();
 void BM_IncomeByItem(benchmark::State& state) {
   if (!fs::exists(kShop)) return state.SkipWithError("the shop's data is not at hand");
   const World world;
-  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable("frmFirter126"));
-  dialog.Choose("BDate", "2010-01-01");
-  dialog.Choose("EDate", "2011-12-31");
-  dialog.Choose("GroupBy", 0);
-  dialog.Choose("OnlyShowSum", 0);
-  dialog.Choose("BillType", 2);
-  dialog.Confirm();
+  const std::vector<salerpt::Dictionary::Entry> chosen = {
+      {"BDate", "2010-01-01"}, {"EDate", "2011-12-31"}, {"GroupBy", 0}, {"OnlyShowSum", 0}, {"BillType", 2},
+  };
+  const auto filter = salerpt::ConfirmedFilter("frmFirter126", chosen);
   const salerpt::ObjectRef report = salerpt::CreateObject("ORVSaleRpt.Rpt126");
-  SetMember(report, "Filter", dialog.Filter());
+  SetMember(report, "Filter", filter);
   for (auto _ : state) Call(report, "GetReportData");
   const auto rows = salerpt::As<salerpt::Recordset>(GetMember(report, "Rs"));
   if (!rows) return state.SkipWithError("the report failed");
@@ -272,15 +267,12 @@ double PeakBytes() {
 
 Footprint OutboundDetailFootprint(const char* last_day) {
   const World world;
-  salerpt::UnattendedDialog dialog(*salerpt::FindDialogTable("frmFirter129"));
-  dialog.Choose("BDate", "2010-12-01");
-  dialog.Choose("EDate", last_day);
-  dialog.Choose("GroupBy", 0);
-  dialog.Choose("OnlyShowSum", 0);
-  dialog.Choose("chkShowItemSum", 1);
-  dialog.Confirm();
+  const std::vector<salerpt::Dictionary::Entry> chosen = {
+      {"BDate", "2010-12-01"}, {"EDate", last_day}, {"GroupBy", 0}, {"OnlyShowSum", 0}, {"chkShowItemSum", 1},
+  };
+  const auto filter = salerpt::ConfirmedFilter("frmFirter129", chosen);
   const salerpt::ObjectRef report = salerpt::CreateObject("ORVSaleRpt.Rpt129");
-  SetMember(report, "Filter", dialog.Filter());
+  SetMember(report, "Filter", filter);
   const double before = PeakBytes();
   Call(report, "GetReportData");
   const auto rows = salerpt::As<salerpt::Recordset>(GetMember(report, "Rs"));

@@ -1,6 +1,12 @@
 #include "reports/reports.h"
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/dialogs.h"
+#include "reports/analysis/rpt140.h"
+#include "reports/analysis/rpt142.h"
+#include "reports/analysis/rpt143.h"
+#include "reports/analysis/rpt145.h"
+#include "reports/analysis/rpt146.h"
+#include "reports/analysis/rpt149.h"
 #include "reports/flow/rpt126.h"
 #include "reports/flow/rpt128.h"
 #include "reports/flow/rpt129.h"
@@ -43,7 +49,13 @@ void RegisterReports(Runtime& runtime) {
   RegisterReport<Rpt137>(runtime, "Rpt137");
   RegisterReport<Rpt138>(runtime, "Rpt138");
   RegisterReport<Rpt139>(runtime, "Rpt139");
+  RegisterReport<Rpt140>(runtime, "Rpt140");
+  RegisterReport<Rpt142>(runtime, "Rpt142");
+  RegisterReport<Rpt143>(runtime, "Rpt143");
+  RegisterReport<Rpt145>(runtime, "Rpt145");
+  RegisterReport<Rpt146>(runtime, "Rpt146");
   RegisterReport<Rpt147>(runtime, "Rpt147");
+  RegisterReport<Rpt149>(runtime, "Rpt149");
   RegisterReport<Rpt176>(runtime, "Rpt176");
   RegisterReport<Rpt189>(runtime, "Rpt189");
   RegisterReport<Rpt192>(runtime, "Rpt192");
@@ -53,7 +65,7 @@ void RegisterReports(Runtime& runtime) {
   RegisterReport<Rpt303>(runtime, "Rpt303");
   RegisterReport<Rpt1010>(runtime, "Rpt1010");
   runtime.Register("ORVSaleRpt.GetInfo", [] { return std::make_shared<GetInfo>(); });
-  RegisterUnattendedDialogs(runtime);
+  RegisterDialogs(runtime);
 }
 
 }  // namespace salerpt

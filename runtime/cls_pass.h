@@ -5,12 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/base_data.h"
 #include "runtime/event.h"
 
 namespace salerpt {
 
-// Made of events: each operation raises the event of its name, SetActive raises Active. Not part of the
-// public interface; the host never sees it.
+// Made of events: each operation but QuickLookUpBase raises the event of its name, SetActive raises Active.
+// Not part of the public interface; the host never sees it.
 class clsPass {
  public:
   // Events, in declaration order.
@@ -34,6 +35,11 @@ class clsPass {
   void Unload() { OnUnload.Raise(); }
   void ShowProgBar() { OnShowProgBar.Raise(); }
   void HideProgBar() { OnHideProgBar.Raise(); }
+  // The rows that the user picks from a base-data list; nothing where the user cancels.
+  static RecordsetRef QuickLookUpBase(std::int32_t item_class, std::string_view key_word,
+                                      std::string_view filter) {
+    return ShowBaseList(item_class, key_word, filter);
+  }
 };
 
 }  // namespace salerpt

@@ -17,10 +17,19 @@ class FilterDialog {
   [[nodiscard]] virtual std::string_view Name() const = 0;
   // The number of the plan family.
   virtual void SetRptID(std::int32_t family) = 0;
-  // The status bar of the dialogs that have one; the others ignore it.
+  // `StatusValue` and `StatusVisible` of the dialogs that have them; the others ignore it.
   virtual void SetStatus(std::int32_t /*value*/, bool /*visible*/) {}
-  // What the toolkit runs for a dialog that is shown and confirmed as it stands.
+  // `NeedGroup` of the dialogs that have it; the others ignore it.
+  virtual void SetNeedGroup(std::int16_t /*value*/) {}
+
+  // --- What a toolkit runs: Load, Activate, then what the user does until the form is unloaded.
+  virtual void Load() {}
+  virtual void Activate() {}
+  [[nodiscard]] virtual bool IsUnloaded() const { return false; }
+  // The press of OK: what a toolkit without a screen does in the user's place. A refused confirmation leaves
+  // the dialog loaded and `Filter` "OK" false.
   virtual void Confirm() = 0;
+
   // Loads the plan and confirms it without the dialog being seen.
   virtual void ShowFinish(std::string_view plan) = 0;
   // The conditions chosen. Key "OK" is false where the user cancelled; nothing where the dialog has no answer

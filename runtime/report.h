@@ -50,7 +50,7 @@ class Report : public Object {
   // -1 what the detail report answered.
   virtual ObjectRef GetDetailReport(std::int32_t row);
   // Extra menu items that the report offers the host.
-  [[nodiscard]] VectorRef PackMenuInfo() const;
+  [[nodiscard]] virtual VectorRef PackMenuInfo() const;
   // Free read for the host. False, after a message box, where it fails.
   static bool GetRsBySQL(std::string_view sql, RecordsetRef& rows);
   // The fetch proper, in the classes that name it so.

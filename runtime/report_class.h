@@ -32,6 +32,8 @@ struct ReportClass {
   bool sets_ini_file;
   // Class of the object that GetDetailReport makes; empty where a row has no detail.
   std::string_view drill_target;
+  // What the report answers, in one English sentence: for `docs/reports.md` and whoever looks for a report.
+  std::string_view purpose;
 };
 
 // All classes, by number.

@@ -1,6 +1,7 @@
 #include "runtime/toolkit.h"
 
 #include "runtime/filter_dialog.h"
+#include "runtime/list_form.h"
 #include "runtime/progress_form.h"
 
 namespace salerpt {
@@ -11,7 +12,15 @@ void Toolkit::ShowModal(ProgressForm& form) {
 }
 
 void Toolkit::ShowModal(FilterDialog& dialog) {
-  dialog.Confirm();
+  dialog.Load();
+  dialog.Activate();
+  if (!dialog.IsUnloaded()) dialog.Confirm();
+}
+
+void Toolkit::ShowModal(ListForm& form) {
+  form.Load();
+  form.Activate();
+  if (form.IsVisible()) form.OnAction("Exit");
 }
 
 BoxAnswer Toolkit::MessageBox(std::string_view /*text*/, int /*style*/, std::string_view /*title*/) {
@@ -24,5 +33,7 @@ std::string Toolkit::InputBox(std::string_view /*prompt*/, std::string_view /*ti
 }
 
 void Toolkit::SendKeys(std::string_view /*keys*/) {}
+
+void Toolkit::KeybdEvent(int /*virtual_key*/) {}
 
 }  // namespace salerpt

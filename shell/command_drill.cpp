@@ -16,9 +16,9 @@ struct DrillOptions : ReportOptions {
 void RunDrill(const DrillOptions& options, Shell& shell) {
   const ReportClass& report_class = RequireReportClass(options.report_class);
   static_cast<void>(FormatOf(options));
-  std::vector<Choice> choices = ReadChoices(options);
+  DialogRun run = ReadDialogRun(options);
   Host host(options.db, shell, ProgressStyle(shell, options.progress));
-  const ObjectRef report = host.Run(report_class, std::move(choices));
+  const ObjectRef report = host.Run(report_class, std::move(run));
   Deliver(host.Read(host.Detail(report_class, report, options.row)), options, shell);
 }
 

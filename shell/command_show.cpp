@@ -12,9 +12,9 @@ namespace {
 void RunShow(const ReportOptions& options, Shell& shell) {
   const ReportClass& report_class = RequireReportClass(options.report_class);
   static_cast<void>(FormatOf(options));  // a mistyped name is told before the work, not after it
-  std::vector<Choice> choices = ReadChoices(options);
+  DialogRun run = ReadDialogRun(options);
   Host host(options.db, shell, ProgressStyle(shell, options.progress));
-  const ObjectRef report = host.Run(report_class, std::move(choices));
+  const ObjectRef report = host.Run(report_class, std::move(run));
   Deliver(host.Read(report), options, shell);
 }
 

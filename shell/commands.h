@@ -26,5 +26,9 @@ void AddShowCommand(CLI::App& app, Shell& shell);
 void AddDrillCommand(CLI::App& app, Shell& shell);
 void AddSqlCommand(CLI::App& app, Shell& shell);
 void AddRequestCommand(CLI::App& app, Shell& shell);
+void AddDialogCommand(CLI::App& app, Shell& shell);
+void AddInfoCommand(CLI::App& app, Shell& shell);
+void AddPlansCommand(CLI::App& app, Shell& shell);
+void AddLogCommand(CLI::App& app, Shell& shell);
 
 }  // namespace salerpt::shell

@@ -3,11 +3,14 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 
+#include "dialogs/unattended.h"
 #include "runtime/date.h"
 #include "runtime/error.h"
+#include "runtime/runtime.h"
 #include "runtime/text.h"
 #include "shell/suggest.h"
 
@@ -99,19 +102,14 @@ std::vector<std::string_view> KeysOf(const Dictionary& filter) {
 }
 
 // The rows of "sum by" are a closed list: the report would build a statement that means nothing from another
-// code.
-void RequireListedSumMode(const UnattendedDialog& dialog, const Choice& choice, const Variant& value) {
-  if (!EqualNames(choice.key, "SumMode")) return;
-  const DialogTable& table = dialog.Table();
-  if (table.group_by.empty()) return;
+// code. Code 0 stands for every property; which one is told by "SumField".
+void RequireListedSumMode(const Form& form, const Choice& choice, const Variant& value) {
+  const auto* rows = form.FindAs<ListControl>("cmbGroupBy");
+  if (rows == nullptr || rows->Items().empty() || !EqualNames(choice.key, "SumMode")) return;
   std::string codes;
-  for (const DialogTable::GroupByRow& row : table.group_by) {
-    if (row.code == value.ToInt32()) return;
-    Append(codes, codes.empty() ? "" : ", ", row.code, " (", row.text, ")");
-  }
-  if (table.has_properties) {
-    if (value.ToInt32() == 0) return;
-    codes += ", 0 (a property, given as \"SumField\")";
+  for (const ListItem& row : rows->Items()) {
+    if (row.item_data == value.ToInt32()) return;
+    Append(codes, codes.empty() ? "" : ", ", row.item_data, " (", row.text, ")");
   }
   Refuse(choice, Join("one of ", codes));
 }
@@ -156,21 +154,28 @@ Variant TypedValue(const Choice& choice, const Variant& by_default) {
   return choice.value;
 }
 
-DictionaryRef Confirm(UnattendedDialog& dialog, const std::vector<Choice>& choices) {
-  dialog.Confirm();
-  const DictionaryRef defaults = dialog.Filter();
+std::vector<Dictionary::Entry> TypedConditions(std::string_view dialog, const std::vector<Choice>& choices) {
+  const std::unique_ptr<FilterDialog> made = Runtime::Current().MakeDialog(dialog);
+  auto& preview = dynamic_cast<FormDialog&>(*made);
+  preview.Load();
+  ConfirmWith(preview, {});
+  const DictionaryRef defaults = preview.Filter();
+  std::vector<Dictionary::Entry> conditions;
   for (const Choice& choice : choices) {
-    if (!dialog.HasKey(choice.key)) {
+    if (!defaults->Lookup(choice.key) || EqualNames(choice.key, "OK")) {
       throw RuntimeError(error_number::kInvalidCall, "Shell",
-                         Join(choice.place, ": ", dialog.Name(), " has no key \"", choice.key, "\"",
+                         Join(choice.place, ": ", dialog, " has no key \"", choice.key, "\"",
                               KnownNames(choice.key, KeysOf(*defaults))));
     }
     Variant value = TypedValue(choice, defaults->Get(choice.key));
-    RequireListedSumMode(dialog, choice, value);
-    dialog.Choose(choice.key, std::move(value));
+    // The rows may hang on an earlier choice (the invoices' style).
+    if (EqualNames(choice.key, "InvoiceStyle")) preview.Choose(choice.key, value);
+    RequireListedSumMode(preview.GetForm(), choice, value);
+    std::erase_if(conditions,
+                  [&choice](const Dictionary::Entry& e) { return EqualNames(e.key, choice.key); });
+    conditions.push_back({choice.key, std::move(value)});
   }
-  dialog.Confirm();
-  return dialog.Filter();
+  return conditions;
 }
 
 }  // namespace salerpt::shell

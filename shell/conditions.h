@@ -5,7 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "dialogs/unattended_dialog.h"
 #include "runtime/dictionary.h"
 
 namespace salerpt::shell {
@@ -33,9 +32,9 @@ Choice ParseChoice(std::string_view argument);
 // Raises invalid-call naming place and value, and what was expected.
 Variant TypedValue(const Choice& choice, const Variant& by_default);
 
-// Confirms the dialog with the choices over its defaults; a later choice for a key replaces an earlier one.
-// Raises invalid-call for a key that the dialog does not have, naming it and the known ones, for a value of a
-// wrong type, and for a "SumMode" that is not in the dialog's list.
-DictionaryRef Confirm(UnattendedDialog& dialog, const std::vector<Choice>& choices);
+// The choices as conditions of the dialog (by class name), whose defaults tell their types; a later choice
+// for a key replaces an earlier one. Raises invalid-call for a key that the dialog does not have, naming it
+// and the known ones, for a value of a wrong type, and for a "SumMode" that is not in the dialog's list.
+std::vector<Dictionary::Entry> TypedConditions(std::string_view dialog, const std::vector<Choice>& choices);
 
 }  // namespace salerpt::shell

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
+#include "dialogs/unattended.h"
 #include "reports/reports.h"
 #include "runtime/mrpt.h"
 #include "runtime/text.h"
@@ -10,7 +12,6 @@
 #include "shell/shell_toolkit.h"
 #include "shell/suggest.h"
 #include "suite/accountset/accountset.h"
-#include "suite/middletier/middletier.h"
 
 namespace salerpt::shell {
 namespace {
@@ -18,7 +19,7 @@ namespace {
 std::string FailureText(std::string_view report, const Dictionary& result) {
   const std::string error = result.Get("Error").TextOrEmpty();
   const std::string source = result.Get("ErrorSource").TextOrEmpty();
-  std::string text = Join(report, ": ", error.empty() ? "the report failed without a word" : error);
+  std::string text = Join(report, ": ", error.empty() ? "it was refused; a box above may tell why" : error);
   if (!source.empty()) Append(text, " (", source, ")");
   return text;
 }
@@ -36,14 +37,6 @@ std::vector<std::string_view> NamesWhere(bool (*wanted)(const ReportClass&)) {
   return names;
 }
 
-void RequireMade(const Runtime& runtime, const ReportClass& report_class) {
-  if (runtime.IsRegistered(ReportProgID(report_class.name))) return;
-  const auto all =
-      NamesWhere([](const ReportClass& c) { return Runtime::Current().IsRegistered(ReportProgID(c.name)); });
-  RaiseUsage(
-      Join(report_class.name, " (", report_class.title, ") is not in this build", KnownNames("", all)));
-}
-
 }  // namespace
 
 const ReportClass& RequireReportClass(std::string_view name) {
@@ -52,47 +45,85 @@ const ReportClass& RequireReportClass(std::string_view name) {
   RaiseUsage(Join("unknown report class \"", name, "\"", KnownNames(name, all)));
 }
 
-Host::Host(const std::filesystem::path& db, Shell& shell, ProgressBar::Style progress)
+Host::Host(const std::filesystem::path& db, Shell& shell, ProgressBar::Style progress,
+           middletier::ListWindow window)
     : bar_(shell.err, progress) {
   auto account_set = std::make_shared<accountset::AccountSet>(accountset::AccountSet::Open(db));
-  middletier::RegisterMiddleTier(runtime_, std::move(account_set), middletier::Login{});
+  middletier::RegisterMiddleTier(runtime_, std::move(account_set), middletier::Login{}, std::move(window));
   RegisterReports(runtime_);
-  runtime_.SetToolkit(std::make_shared<ShellToolkit>(shell.err, bar_));
-}
-
-DictionaryRef Host::Conditions(const ReportClass& report_class, const std::vector<Choice>& choices) {
-  RequireMade(runtime_, report_class);
-  const auto dialog = runtime_.MakeDialog(report_class.dialog);
-  auto* unattended = dynamic_cast<UnattendedDialog*>(dialog.get());
-  if (unattended == nullptr) RaiseUsage(Join(report_class.dialog, " cannot be run without a screen"));
-  return Confirm(*unattended, choices);
+  toolkit_ = std::make_shared<ShellToolkit>(shell.err, bar_);
+  runtime_.SetToolkit(toolkit_);
 }
 
 namespace {
 
-void FetchInto(const ReportClass& report_class, const ObjectRef& report, const DictionaryRef& filter) {
-  SetMember(report, "Filter", filter);
-  Call(report, "GetReportData");
-  RequireSuccess(report_class.name, report);
+std::vector<std::string_view> PlanNames(const ListView& list) {
+  std::vector<std::string_view> names;
+  for (const ListView::Row& row : list.Rows()) names.push_back(row.text);
+  return names;
+}
+
+ListView& PlanListOf(FormDialog& dialog) {
+  for (const char* name : {"lvwProject", "LvwScheme"}) {
+    if (auto* list = dialog.GetForm().FindAs<ListView>(name)) return *list;
+  }
+  RaiseUsage(Join(dialog.Name(), " has no plans"));
+}
+
+// Presses the button that stores the controls under a new name; the toolkit types it.
+void SaveAsPlan(FormDialog& dialog) {
+  auto& toolbar = dialog.GetForm().Get<Toolbar>("tlbProject");
+  Toolbar::ToolButton* button = toolbar.Find("TLBSAVEAS");
+  if (button == nullptr) {
+    // The default plan is never saved under its own name: the button asks for one.
+    PlanListOf(dialog).Select(0);
+    button = toolbar.Find("TLBSAVE");
+  }
+  toolbar.ButtonClick.Raise(*button);
+}
+
+// A plan that is not there would run as the defaults.
+void RequirePlan(const ReportClass& report_class, std::int32_t family, std::string_view plan) {
+  if (plan.empty()) return;
+  const auto made = Runtime::Current().MakeDialog(report_class.dialog);
+  auto& dialog = dynamic_cast<FormDialog&>(*made);
+  dialog.SetRptID(family);
+  dialog.Load();
+  const auto names = PlanNames(PlanListOf(dialog));
+  if (std::find(names.begin(), names.end(), plan) != names.end()) return;
+  RaiseUsage(Join("--plan ", plan, ": ", report_class.name, " has no such plan", KnownNames(plan, names)));
 }
 
 }  // namespace
 
-ObjectRef Host::Run(const ReportClass& report_class, std::vector<Choice> choices) {
-  RequireMade(runtime_, report_class);
-  ObjectRef report = CreateObject(ReportProgID(report_class.name));
-  std::erase_if(choices, [&report](const Choice& choice) {
+void Host::UseDialog(FilterDialog& dialog, const DialogRun& run,
+                     const std::vector<Dictionary::Entry>& conditions) {
+  auto& form_dialog = dynamic_cast<FormDialog&>(dialog);
+  form_dialog.Load();
+  if (!run.plan.empty()) form_dialog.Plans()->LoadPlan(run.plan);
+  if (!run.save_plan.empty()) {
+    for (const Dictionary::Entry& condition : conditions) form_dialog.Choose(condition.key, condition.value);
+    SaveAsPlan(form_dialog);
+  }
+  ConfirmWith(form_dialog, conditions);
+}
+
+ObjectRef Host::Run(const ReportClass& report_class, DialogRun run) {
+  const ObjectRef report = CreateObject(ReportProgID(report_class.name));
+  std::erase_if(run.choices, [&report](const Choice& choice) {
     if (!EqualNames(choice.key, "RptID")) return false;
     LetMember(report, "RptID", TypedValue(choice, std::int32_t{0}));
     return true;
   });
-  FetchInto(report_class, report, Conditions(report_class, choices));
-  return report;
-}
-
-ObjectRef Host::Fetch(const ReportClass& report_class, const DictionaryRef& filter) {
-  ObjectRef report = CreateObject(ReportProgID(report_class.name));
-  FetchInto(report_class, report, filter);
+  const auto conditions = TypedConditions(report_class.dialog, run.choices);
+  RequirePlan(report_class, Variant(report_class.plan_family).ToInt32(), run.plan);
+  toolkit_->SetTypedText(run.save_plan);
+  toolkit_->SetUser([&](FilterDialog& dialog) { UseDialog(dialog, run, conditions); });
+  Call(report, "ShowFilter", run.automatic);
+  toolkit_->SetUser(nullptr);
+  RequireSuccess(report_class.name, report);
+  Call(report, "GetReportData");
+  RequireSuccess(report_class.name, report);
   return report;
 }
 

@@ -27,6 +27,10 @@ void AddCommands(CLI::App& app, Shell& shell) {
   AddDrillCommand(app, shell);
   AddSqlCommand(app, shell);
   AddRequestCommand(app, shell);
+  AddDialogCommand(app, shell);
+  AddInfoCommand(app, shell);
+  AddPlansCommand(app, shell);
+  AddLogCommand(app, shell);
 }
 
 // Tells a mistyped command by its name; the parser itself would only say that a command is missing.

@@ -41,6 +41,11 @@ void AddReportOptions(CLI::App& command, ReportOptions& options) {
   AddDbOption(command, options.db);
   command.add_option("--filter", options.filter_file, "Conditions from a JSON file (- for standard input)")
       ->type_name("FILE.json");
+  command.add_option("--plan", options.plan, "Start from a stored plan (see: salerpt plans)")
+      ->type_name("NAME");
+  command.add_flag("--auto", options.automatic,
+                   "Run the plan that is marked for the next time, where there is one");
+  command.add_option("--save-plan", options.save_plan, "Store the conditions as a plan")->type_name("NAME");
   command
       .add_option("--format", options.format,
                   "table, csv, json, html or xlsx; by default as FILE ends, else table")
@@ -52,11 +57,11 @@ void AddReportOptions(CLI::App& command, ReportOptions& options) {
   command.footer(kFooter);
 }
 
-std::vector<Choice> ReadChoices(const ReportOptions& options) {
-  std::vector<Choice> choices;
-  if (!options.filter_file.empty()) choices = ReadFilterFile(options.filter_file);
-  for (const std::string& argument : options.choices) choices.push_back(ParseChoice(argument));
-  return choices;
+DialogRun ReadDialogRun(const ReportOptions& options) {
+  DialogRun run{{}, options.plan, options.automatic, options.save_plan};
+  if (!options.filter_file.empty()) run.choices = ReadFilterFile(options.filter_file);
+  for (const std::string& argument : options.choices) run.choices.push_back(ParseChoice(argument));
+  return run;
 }
 
 Format FormatOf(const ReportOptions& options) {

@@ -7,6 +7,7 @@
 
 #include "shell/commands.h"
 #include "shell/conditions.h"
+#include "shell/host.h"
 #include "shell/progress_bar.h"
 #include "shell/renderer.h"
 
@@ -17,6 +18,9 @@ struct ReportOptions {
   std::string db = "salerpt.db";
   std::vector<std::string> choices;  // KEY=VALUE
   std::string filter_file;
+  std::string plan;
+  bool automatic = false;
+  std::string save_plan;
   std::string format;  // empty: by the output file's name, else a table
   std::string out_file;
   bool progress = false;
@@ -26,8 +30,9 @@ struct ReportOptions {
 void AddDbOption(CLI::App& command, std::string& db);
 void AddReportOptions(CLI::App& command, ReportOptions& options);
 
-// Of the filter file first, then of the command line, so that these win.
-std::vector<Choice> ReadChoices(const ReportOptions& options);
+// How the report's dialog is run. Choices of the filter file come first, then those of the command line, so
+// that these win.
+DialogRun ReadDialogRun(const ReportOptions& options);
 // "table" unless said otherwise by --format or by the ending of the output file's name.
 Format FormatOf(const ReportOptions& options);
 // On a terminal always, elsewhere only where it was asked for.

@@ -18,7 +18,22 @@ void ShellToolkit::ShowModal(ProgressForm& form) {
   bar_.Clear();
 }
 
-BoxAnswer ShellToolkit::MessageBox(std::string_view text, int /*style*/, std::string_view title) {
+void ShellToolkit::ShowModal(FilterDialog& dialog) {
+  if (user_) {
+    user_(dialog);
+  } else {
+    Toolkit::ShowModal(dialog);
+  }
+}
+
+std::string ShellToolkit::InputBox(std::string_view /*prompt*/, std::string_view /*title*/,
+                                   std::string_view /*preset*/) {
+  return typed_;
+}
+
+BoxAnswer ShellToolkit::MessageBox(std::string_view text, int style, std::string_view title) {
+  if (style == kBoxYesNo) return BoxAnswer::kYes;
+
   bar_.Clear();
   std::string line(title);
   line += ' ';

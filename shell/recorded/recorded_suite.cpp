@@ -21,7 +21,9 @@ constexpr std::string_view kProgIDs[] = {
     "ORVMSaleRpt.Data",          "ORVMPurchaseRpt.Data",        "ORVMShopRpt.Data",
     "ORVMSaleCredit.clsGetData", "ORVMClass.ClassInfo",         "ORVMSystem.System",
     "ORVBillDataAccess.SysInfo", "ORVListServer.clsListServer", "ORVEBCBASE.UserProfile",
-    "ORV_APFC.FrameData",
+    "ORV_APFC.FrameData",        "ORVEBCGLView.GLView",         "ORVBaseList.BaseList",
+    "ORVList.ICList",            "ORVGLNameListLib.GLNameList", "ORVFrmRes.FrmResLoader",
+    "ADODB.Connection",
 };
 
 constexpr std::string_view kPropsMark = "<props>";
@@ -129,6 +131,9 @@ Variant RecordedSuite::Invoke(std::string_view prog_id, std::string_view member,
   recording_.calls.push_back({{"object", prog_id}, {"member", member}, {"args", ShowArguments(arguments)}});
   RaiseFault(member);
   WriteReplies(member, arguments);
+  if (answerer_) {
+    if (std::optional<Variant> answer = answerer_(prog_id, member, arguments)) return *answer;
+  }
   return NextAnswer(member);
 }
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,6 +27,11 @@ namespace salerpt::shell {
 class RecordedSuite : public std::enable_shared_from_this<RecordedSuite> {
  public:
   explicit RecordedSuite(RecordedCase recorded_case);
+
+  // What answers before the case does, for a suite that follows the calls; nothing leaves it to the case.
+  using Answerer =
+      std::function<std::optional<Variant>(std::string_view prog_id, std::string_view member, Arguments)>;
+  void SetAnswerer(Answerer answerer) { answerer_ = std::move(answerer); }
 
   // Registers a maker for each middle-tier ProgID, and the toolkit that notes message boxes and progress.
   void Register(Runtime& runtime);
@@ -55,6 +62,7 @@ class RecordedSuite : public std::enable_shared_from_this<RecordedSuite> {
   [[nodiscard]] RecordsetRef CurrencyScale() const;
 
   RecordedCase case_;
+  Answerer answerer_;
   Recording recording_;
   // Member to the number of answers that an array has given.
   std::map<std::string, std::size_t, NameLess> answered_;

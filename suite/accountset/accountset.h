@@ -16,7 +16,7 @@ namespace salerpt::accountset {
 // file, and the version of the tables in it (user_version). An older or newer version is refused, not
 // migrated.
 inline constexpr std::int32_t kApplicationId = 0x53524153;  // "SRAS"
-inline constexpr std::int32_t kSchemaVersion = 1;
+inline constexpr std::int32_t kSchemaVersion = 2;
 
 // The user that a session logs in with when nothing else is said; data rights list this number.
 inline constexpr std::int32_t kLoginUser = 16394;
@@ -30,7 +30,8 @@ struct GenerateOptions {
   std::uint64_t seed = 1;
   // About how many bill lines the company has in all: the entry rows of orders, outbound bills, invoices,
   // purchases, receipts, issues and all other bills together, a production task counting as one line. 100 to
-  // 20,000,000. The tables come within a tenth of it, or within 400 lines where that is more.
+  // 20,000,000. The tables come within a tenth of it, or within 400 lines where that is more. The few lines of
+  // the sales contracts are not counted.
   std::int64_t lines = 10000;
 };
 

@@ -10,6 +10,7 @@
 #include "suite/accountset/generator/calendar.h"
 #include "suite/accountset/generator/company.h"
 #include "suite/accountset/generator/company_writer.h"
+#include "suite/accountset/generator/credit_plan.h"
 #include "suite/accountset/generator/sales_plan.h"
 #include "suite/accountset/generator/supply_plan.h"
 #include "suite/accountset/new_file.h"
@@ -41,7 +42,7 @@ std::vector<std::int64_t> DayWeights(int days) {
 
 // Lives the company's life day by day, until `lines` bill lines are made.
 void LiveThrough(const Company& company, std::int64_t lines, Random& random, BillWriter& writer,
-                 const Progress& progress) {
+                 CreditPlanner& credit, const Progress& progress) {
   constexpr int kSupplyPercent = 22;  // of all lines: purchases
   constexpr int kFeePercent = 2;
   Schedule schedule(DayCount());
@@ -69,6 +70,7 @@ void LiveThrough(const Company& company, std::int64_t lines, Random& random, Bil
     }
     for (const auto& bill : schedule.Take(day)) {
       writer.Write(*bill);
+      credit.Watch(*bill);
       written += static_cast<std::int64_t>(bill->lines.size());
     }
     if (progress) progress(std::min(written, lines), lines);
@@ -91,8 +93,10 @@ void Create(const std::filesystem::path& db, const GenerateOptions& options, con
   WriteCompany(file.Db(), company);
   {
     BillWriter writer(file.Db());
-    LiveThrough(company, options.lines, random, writer, progress);
+    CreditPlanner credit(company, options.seed);
+    LiveThrough(company, options.lines, random, writer, credit, progress);
     writer.WriteInventory();
+    credit.Write(file.Db());
   }
   file.Publish();
 }

@@ -17,7 +17,8 @@ constexpr std::array kMessageTypes = {
     MessageType{101, "销售方式"}, MessageType{102, "采购方式"}, MessageType{997, "销售范围"},
     MessageType{160, "仓库类型"}, MessageType{210, "物料属性"}, MessageType{211, "存货类别"},
     MessageType{212, "物料来源"}, MessageType{26, "行业"},      MessageType{27, "区域"},
-    MessageType{28, "客户分类"},  MessageType{300, "费用类型"}, MessageType{310, "部门属性"},
+    MessageType{28, "客户分类"},  MessageType{29, "职员分类"},  MessageType{300, "费用类型"},
+    MessageType{310, "部门属性"},
 };
 
 struct Message {
@@ -66,6 +67,10 @@ constexpr std::array kMessages = {
     Message{2801, 28, "KH01", "重点客户"},
     Message{2802, 28, "KH02", "一般客户"},
     Message{2803, 28, "KH03", "零散客户"},
+    Message{kHomeSeller, 29, "ZY01", "内销业务员"},
+    Message{kExportSeller, 29, "ZY02", "外销业务员"},
+    Message{kShopSeller, 29, "ZY03", "门店导购"},
+    Message{kOtherEmployee, 29, "ZY04", "职能人员"},
     Message{3001, 300, "FY01", "运输费"},
     Message{3002, 300, "FY02", "装卸费"},
     Message{3003, 300, "FY03", "安装费"},
@@ -80,10 +85,16 @@ struct ItemClass {
   const char* table;
 };
 constexpr std::array kClasses = {
-    ItemClass{1, "客户", "t_Organization"}, ItemClass{2, "部门", "t_Department"},
-    ItemClass{3, "职员", "t_Emp"},          ItemClass{4, "物料", "t_ICItem"},
-    ItemClass{5, "仓库", "t_Stock"},        ItemClass{8, "供应商", "t_Supplier"},
-    ItemClass{10, "机构", "t_SonCompany"},  ItemClass{12, "币别", "t_Currency"},
+    ItemClass{1, "客户", "t_Organization"},
+    ItemClass{2, "部门", "t_Department"},
+    ItemClass{3, "职员", "t_Emp"},
+    ItemClass{4, "物料", "t_ICItem"},
+    ItemClass{5, "仓库", "t_Stock"},
+    ItemClass{8, "供应商", "t_Supplier"},
+    ItemClass{10, "机构", "t_SonCompany"},
+    ItemClass{12, "币别", "t_Currency"},
+    ItemClass{30, "职员类别", "t_SubMessage"},
+    ItemClass{501, "客户类别", "t_SubMessage"},
     ItemClass{2014, "费用", "t_Fee"},
 };
 
@@ -160,6 +171,7 @@ void WriteProfile(Database& database, const PeriodRange& periods, const char* co
   profile.Row("IC", "POOrderTaxInPrice", "0", "采购订单单价含税");
   profile.Row("IC", "PurTaxRateOption", "0", "采购税率来源");
   profile.Row("IC", "UpStockWhenSave", "0", "库存更新控制");
+  profile.Row("IC", "SystemStarted", "1", "系统已启用");
   profile.Row("IC", "CloseInModule", "0", "模块内关账");
 }
 

@@ -23,6 +23,13 @@ inline constexpr int kStraightPurchase = 20300;
 inline constexpr int kOrderOfSale = 20302;
 inline constexpr int kOrderOfTransfer = 20303;
 
+// Classes of customers (t_SubMessage type 28) and of employees (type 29).
+inline constexpr int kKeyCustomer = 2801;
+inline constexpr int kHomeSeller = 2901;
+inline constexpr int kExportSeller = 2902;
+inline constexpr int kShopSeller = 2903;
+inline constexpr int kOtherEmployee = 2904;
+
 // Item kinds (t_SubMessage type 210; FErpClsID holds the number itself).
 inline constexpr int kPurchasedItem = 1;
 inline constexpr int kMadeItem = 2;

@@ -20,7 +20,7 @@ void CreateIndexes(Database& database);
 
 // The pieces of CreateTables, one text each.
 extern const char* const kMasterTables;  // items, customers, units and all else that bills point to
-extern const char* const kSalesTables;   // orders, outbound and other stock bills, sales invoices
+extern const char* const kSalesTables;   // contracts, orders, outbound and other stock bills, invoices
 extern const char* const kSupplyTables;  // purchases, production, fees, stock on hand
 extern const char* const kSuiteTables;   // what the suite keeps for itself: parameters, users, plans, log
 

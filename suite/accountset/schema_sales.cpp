@@ -1,4 +1,4 @@
-// Sales: orders, stock bills, invoices.
+// Sales: contracts, orders, stock bills, invoices.
 #include "suite/accountset/schema.h"
 
 namespace salerpt::accountset {
@@ -22,7 +22,24 @@ namespace salerpt::accountset {
 //   FAllHook…       what of the line is hooked, in base unit, base currency and without tax
 //   FOrderInterID   the order line that the line delivers or invoices; null where there is none
 //   FSourceInterID  the bill line that the line was made from, of kind FSourceTranType; 0 where there is none
+// A sales contract (SEContract) is what a customer undertook to take until FEndDate; its lines are as those
+// of an order.
 const char* const kSalesTables = R"sql(
+CREATE TABLE SEContract(
+  FInterID INTEGER PRIMARY KEY, FBrNo VARCHAR(10) COLLATE NOCASE NOT NULL DEFAULT '0',
+  FBillNo VARCHAR(80) COLLATE NOCASE NOT NULL, FDate DATETIME NOT NULL, FEndDate DATETIME NULL, FCustID INT NOT NULL,
+  FDeptID INT NOT NULL DEFAULT 0, FEmpID INT NOT NULL DEFAULT 0, FCurrencyID INT NOT NULL DEFAULT 1,
+  FExchangeRate FLOAT NOT NULL DEFAULT 1, FROB SMALLINT NOT NULL DEFAULT 1, FStatus SMALLINT NOT NULL DEFAULT 0,
+  FCancelLation BIT NOT NULL DEFAULT 0, FBillerID INT NOT NULL DEFAULT 16394, FCheckerID INT NULL,
+  FCheckDate DATETIME NULL, FExplanation VARCHAR(255) COLLATE NOCASE);
+CREATE TABLE SEContractEntry(
+  FInterID INT NOT NULL, FEntryID INT NOT NULL, FItemID INT NOT NULL, FAuxPropID INT NOT NULL DEFAULT 0,
+  FUnitID INT NOT NULL, FQty DECIMAL(23,10) NOT NULL, FAuxQty DECIMAL(23,10) NOT NULL,
+  FPrice DECIMAL(23,10) NOT NULL, FAuxPrice DECIMAL(23,10) NOT NULL, FTaxRate DECIMAL(23,10) NOT NULL DEFAULT 0,
+  FAmount DECIMAL(23,10) NOT NULL, FTaxAmount DECIMAL(23,10) NOT NULL, FAllAmount DECIMAL(23,10) NOT NULL,
+  FStdAllAmount DECIMAL(23,10) NOT NULL, FReceiveAmountFor DECIMAL(23,10) NOT NULL DEFAULT 0,
+  FReceiveAmount DECIMAL(23,10) NOT NULL DEFAULT 0, FNote VARCHAR(255) COLLATE NOCASE,
+  PRIMARY KEY(FInterID, FEntryID)) WITHOUT ROWID;
 CREATE TABLE SEOrder(
   FInterID INTEGER PRIMARY KEY, FBrNo VARCHAR(10) COLLATE NOCASE NOT NULL DEFAULT '0', FTranType INT NOT NULL DEFAULT 81,
   FBillNo VARCHAR(80) COLLATE NOCASE NOT NULL, FDate DATETIME NOT NULL, FCustID INT NOT NULL,

@@ -1,8 +1,7 @@
 #include <array>
 #include <span>
 
-#include "runtime/mrpt.h"
-#include "runtime/runtime.h"
+#include "suite/middletier/log_line.h"
 #include "suite/middletier/objects.h"
 #include "suite/middletier/suite_object.h"
 
@@ -26,19 +25,20 @@ class GLData final : public SuiteObject<GLData> {
 
   // One line in the log of the account set, with the time and the user.
   static Variant WriteLog(GLData& self, Arguments arguments) {
-    const Date now = Runtime::Current().GetPlatform().Now();
-    self.GetServer().Execute(Join("Insert Into t_Log(FDate,FUserID,FKey,FKind,FDescription) Values (",
-                                  QuoteSql(now.ToText()), ",", self.GetServer().GetLogin().user_id, ",",
-                                  QuoteSql(arguments[0]), ",", arguments[1].ToInt32(), ",",
-                                  QuoteText(arguments[2]), ")"));
+    WriteLogLine(self.GetServer(), arguments[0].TextOrEmpty(), arguments[1].ToInt32(),
+                 arguments[2].TextOrEmpty());
     return {};
   }
 
+  // Forgets what look-ups have read. Nothing is kept between two calls here, so there is nothing to forget.
+  static Variant Refresh(GLData& /*self*/, Arguments /*arguments*/) { return {}; }
+
   static std::span<const Member<GLData>> Members() {
-    static constexpr std::array<Member<GLData>, 2> kMembers{{
+    static constexpr std::array<Member<GLData>, 3> kMembers{{
         {"AccessCheck", InvokeKind::kMethod, "(system As Long, object As Long, right As Long) As Boolean",
          AccessCheck, 3},
         {"WriteLog", InvokeKind::kMethod, "(key As String, kind As Long, text As String)", WriteLog, 3},
+        {"Refresh", InvokeKind::kMethod, "()", Refresh},
     }};
     return kMembers;
   }

@@ -18,5 +18,18 @@ ObjectRef MakeClassInfo(ServerRef server);      // ORVMClass.ClassInfo: free rea
 ObjectRef MakeListServer(ServerRef server);     // ORVListServer.clsListServer: free reads for the host
 ObjectRef MakeCalculatedData(ServerRef server);  // ORVMCaculateRpt.Data: the period reports
 ObjectRef MakeSaleData(ServerRef server);        // ORVMSaleRpt.Data: the batches of the sales reports
+ObjectRef MakeCreditData(ServerRef server);   // ORVMSaleCredit.clsGetData: the batches of the credit reports
+ObjectRef MakeSystem(ServerRef server);       // ORVMSystem.System: whether the system has been started
+ObjectRef MakeStockQuery(ServerRef server);   // ORVStockQuery.StockQueryFace: the window of stock balances
+ObjectRef MakeStockStatus(ServerRef server);  // ORVStockStatus.SSFace: the window of stock movements
+ObjectRef MakePlanProfile(ServerRef server);  // ORVMCaculateRpt.Profile, ORVMYWARAPRpt.Profile: stored plans
+ObjectRef MakeUserProfile(ServerRef server);  // ORVEBCBASE.UserProfile: settings of the user
+ObjectRef MakeGLView(ServerRef server);       // ORVEBCGLView.GLView: look-ups of the master data
+ObjectRef MakeBaseList(ServerRef server);     // ORVBaseList.BaseList: lists of the master data
+ObjectRef MakeBillList(ServerRef server);     // ORVList.ICList: lists of bills
+ObjectRef MakeFrameData(ServerRef server);    // ORV_APFC.FrameData: the log of use
+ObjectRef MakeFormResources(ServerRef server);  // ORVFrmRes.FrmResLoader: fonts and strings of forms
+ObjectRef MakeSysInfo(ServerRef server);        // ORVBillDataAccess.SysInfo: parameters, for bills
+ObjectRef MakeConnection(ServerRef server);     // ADODB.Connection: the local switch file
 
 }  // namespace salerpt::middletier

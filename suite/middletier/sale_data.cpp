@@ -14,6 +14,7 @@
 #include "suite/middletier/order_receipts.h"
 #include "suite/middletier/order_tracking.h"
 #include "suite/middletier/sale_amounts.h"
+#include "suite/middletier/sales_analysis.h"
 #include "suite/middletier/suite_object.h"
 #include "suite/middletier/virtual_items.h"
 
@@ -90,6 +91,18 @@ class SaleData final : public SuiteObject<SaleData> {
     return OrderReceipts(self.GetServer(), DictionaryIn(arguments[1], "filter"));
   }
 
+  static Variant GetRpt140Data(SaleData& self, Arguments arguments) {
+    return SalesGrowth(self.GetServer(), DictionaryIn(arguments[1], "request"));
+  }
+
+  static Variant GetRpt142Data(SaleData& self, Arguments arguments) {
+    return SalesFlow(self.GetServer(), DictionaryIn(arguments[1], "request"));
+  }
+
+  static Variant GetRpt143Data(SaleData& self, Arguments arguments) {
+    return SalesStructure(self.GetServer(), DictionaryIn(arguments[1], "request"));
+  }
+
   static Variant GetData(SaleData& self, Arguments arguments) {
     return self.GetServer().Query(arguments[1].ToText());
   }
@@ -109,7 +122,7 @@ class SaleData final : public SuiteObject<SaleData> {
   }
 
   static std::span<const Member<SaleData>> Members() {
-    static constexpr std::array<Member<SaleData>, 17> kMembers{{
+    static constexpr std::array<Member<SaleData>, 20> kMembers{{
         {"GetSaleAmountData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
          GetSaleAmountData, 2},
         {"GetSaleDetailData", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
@@ -137,6 +150,12 @@ class SaleData final : public SuiteObject<SaleData> {
          GetRpt300Data, 2},
         {"GetRpt1010Data", InvokeKind::kMethod, "(props As String, filter As Dictionary) As Recordset",
          GetRpt1010Data, 2},
+        {"GetRpt140Data", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
+         GetRpt140Data, 2},
+        {"GetRpt142Data", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
+         GetRpt142Data, 2},
+        {"GetRpt143Data", InvokeKind::kMethod, "(props As String, request As Dictionary) As Recordset",
+         GetRpt143Data, 2},
         {"GetData", InvokeKind::kMethod, "(props As String, sql As String) As Recordset", GetData, 2},
         {"GetItemMaxLevel", InvokeKind::kMethod, "(props As String, itemClassID As Long) As Long",
          GetItemMaxLevel, 2},

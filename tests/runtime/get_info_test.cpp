@@ -14,7 +14,9 @@ namespace {
 TEST(GetInfo, HasItsMembersInInterfaceOrder) {
   std::vector<std::string_view> names;
   for (const auto& member : GetInfo::Members()) names.push_back(member.name);
-  EXPECT_EQ(names, (std::vector<std::string_view>{"PropsString", "ConStr", "GetProperty", "ParseString"}));
+  EXPECT_EQ(names, (std::vector<std::string_view>{"PropsString", "ConStr", "GetProperty", "ParseString",
+                                                  "GetRefreshFunc", "GetCloseMoudle", "GetISStarted",
+                                                  "IInputEventListener_OnKeyPressed"}));
 }
 
 TEST(GetInfo, AnswersLateBoundCallsInAnyCase) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "dialogs/dialogs.h"
+#include "dialogs/unattended.h"
 #include "runtime/error.h"
 #include "shell/filter_file.h"
 #include "shell/suggest.h"
@@ -27,17 +29,20 @@ class Clock : public Platform {
 
 class Conditions : public ::testing::Test {
  protected:
-  Conditions() { runtime_.SetPlatform(std::make_shared<Clock>()); }
+  Conditions() {
+    runtime_.SetPlatform(std::make_shared<Clock>());
+    RegisterDialogs(runtime_);
+  }
 
   DictionaryRef Of(const std::vector<std::string>& arguments) {
-    UnattendedDialog dialog(*FindDialogTable("frmFirter128"));
     std::vector<Choice> choices;
     for (const std::string& argument : arguments) choices.push_back(ParseChoice(argument));
-    return Confirm(dialog, choices);
+    return Confirmed(choices);
   }
-  DictionaryRef OfFile(const std::string& json) {
-    UnattendedDialog dialog(*FindDialogTable("frmFirter128"));
-    return Confirm(dialog, ParseFilter(json, "f.json"));
+  DictionaryRef OfFile(const std::string& json) { return Confirmed(ParseFilter(json, "f.json")); }
+
+  static DictionaryRef Confirmed(const std::vector<Choice>& choices) {
+    return ConfirmedFilter("frmFirter128", TypedConditions("frmFirter128", choices));
   }
 
   Runtime runtime_;

@@ -53,7 +53,7 @@ class HostTest : public ::testing::Test {
       choices.push_back(ParseChoice(argument));
     }
     for (const std::string& argument : more) choices.push_back(ParseChoice(argument));
-    return host_.Fetch(rpt128_, host_.Conditions(rpt128_, choices));
+    return host_.Run(rpt128_, {choices, "", false, ""});
   }
 
   static fs::path db_;
@@ -122,21 +122,14 @@ TEST_F(HostTest, SetsTheNumberOfTheReport) {
   const ReportClass& rpt303 = RequireReportClass("Rpt303");
   const auto shown = [&](const char* number) {
     return host_.Read(host_.Run(
-        rpt303, {ParseChoice("BDate=2023-01-01"), ParseChoice("EDate=2025-12-31"), ParseChoice(number)}));
+        rpt303, {{ParseChoice("BDate=2023-01-01"), ParseChoice("EDate=2025-12-31"), ParseChoice(number)},
+                 "",
+                 false,
+                 ""}));
   };
   EXPECT_EQ(shown("RptID=303").name, "委托代销清单");
   EXPECT_EQ(shown("rptid=304").name, "分期收款清单");
   EXPECT_THROW(shown("RptID=abc"), RuntimeError);
-}
-
-TEST_F(HostTest, NamesAClassThatIsNotInThisBuild) {
-  try {
-    host_.Conditions(RequireReportClass("Rpt145"), {});
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_THAT(error.Description(),
-                ::testing::StartsWith("Rpt145 (信用数量分析表) is not in this build; known: "));
-  }
 }
 
 }  // namespace

@@ -44,9 +44,19 @@ void AddDepartments(Company& company, TreeBuilder& tree) {
   }
 }
 
+// The first departments sell; the last two of these abroad and over the counter.
+constexpr std::size_t kSalesDepartments = 6;
+constexpr std::size_t kExportDepartment = 4;
+constexpr std::size_t kShopDepartment = 5;
+
+int EmployeeType(std::size_t department) {
+  if (department >= kSalesDepartments) return kOtherEmployee;
+  if (department == kExportDepartment) return kExportSeller;
+  return department == kShopDepartment ? kShopSeller : kHomeSeller;
+}
+
 void AddEmployees(Company& company, TreeBuilder& tree, Random& random) {
   constexpr int kSellersPerDepartment = 4;
-  constexpr std::size_t kSalesDepartments = 6;
   tree.Begin(3);
   const Node sellers = tree.AddClass(nullptr, "01", "业务人员");
   const Node others = tree.AddClass(nullptr, "02", "其他人员");
@@ -59,6 +69,7 @@ void AddEmployees(Company& company, TreeBuilder& tree, Random& random) {
       while (!names.insert(name).second) name = PersonName(random);
       employee.node = tree.AddLeaf(sells ? &sellers : &others, name, 3);
       employee.department = company.departments[i].node.id;
+      employee.type = EmployeeType(i);
       if (sells) company.sellers.push_back(employee.node.id);
       company.employees.push_back(employee);
     }

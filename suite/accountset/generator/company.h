@@ -127,6 +127,7 @@ struct Department {
 struct Employee {
   Node node;
   int department = 0;  // id
+  int type = 0;
 };
 
 struct Company {

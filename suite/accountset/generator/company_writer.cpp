@@ -79,10 +79,10 @@ void WriteOrganisation(Database& database, const Company& company) {
                    row.workshop ? 3101 : 3102);
   }
   Insert employee(database, "t_Emp",
-                  {"FItemID", "FParentID", "FNumber", "FShortNumber", "FName", "FDepartmentID"});
+                  {"FItemID", "FParentID", "FNumber", "FShortNumber", "FName", "FDepartmentID", "FTypeID"});
   for (const auto& row : company.employees) {
     employee.Row(row.node.id, row.node.parent, row.node.number, row.node.short_number, row.node.name,
-                 row.department);
+                 row.department, row.type);
   }
   Insert branch(database, "t_SonCompany", {"FItemID", "FParentID", "FNumber", "FShortNumber", "FName"});
   for (const auto& row : company.branches)
@@ -109,7 +109,7 @@ void WritePartners(Database& database, const Company& company) {
   for (const auto& row : company.customers) {
     customer.Row(row.node.id, row.node.parent, row.node.number, row.node.short_number, row.node.name,
                  row.node.full_name, row.city, row.region, row.trade, row.type, row.department, row.employee,
-                 row.currency, row.type == 2801, RightList(row.narrow, row.hidden));
+                 row.currency, row.type == kKeyCustomer, RightList(row.narrow, row.hidden));
   }
   Insert supplier(database, "t_Supplier",
                   {"FItemID", "FParentID", "FNumber", "FShortNumber", "FName", "FFullName", "FRegionID",
@@ -153,26 +153,6 @@ void WriteBoms(Database& database, const Company& company) {
   }
 }
 
-// Credit for the customers of the first rank, some of the sellers and departments.
-void WriteCredit(Database& database, const Company& company) {
-  Insert amount(database, "ICCreditAmount",
-                {"FCreditClass", "FItemID", "FCurrencyID", "FCreditLevel", "FCreditAmount", "FCreditTime"});
-  Insert quantity(database, "ICCreditQty", {"FCreditClass", "FItemID", "FICItemID", "FCreditQty"});
-  Insert discount(database, "ICCreditDiscount", {"FCreditClass", "FItemID", "FDays", "FDiscountRate"});
-  for (const auto& row : company.customers) {
-    if (row.type != 2801) continue;
-    amount.Row(0, row.node.id, row.currency, "A级", 200000 + row.node.id % 7 * 50000, 60);
-    for (const int days : {10, 30}) discount.Row(0, row.node.id, days, days == 10 ? 2 : 1);
-    const Item& item = company.items[static_cast<std::size_t>(
-        company.goods[static_cast<std::size_t>(row.node.id) % company.goods.size()])];
-    quantity.Row(0, row.node.id, item.node.id, 500 + row.node.id % 5 * 100);
-  }
-  for (const int seller : company.sellers) amount.Row(1, seller, 1, "B级", 800000, 45);
-  for (const auto& row : company.departments) {
-    if (!row.workshop) amount.Row(2, row.node.id, 1, "B级", 3000000, 45);
-  }
-}
-
 }  // namespace
 
 void WriteCompany(Database& database, const Company& company) {
@@ -182,7 +162,6 @@ void WriteCompany(Database& database, const Company& company) {
   WritePartners(database, company);
   WriteItems(database, company);
   WriteBoms(database, company);
-  WriteCredit(database, company);
 }
 
 }  // namespace salerpt::accountset::generator

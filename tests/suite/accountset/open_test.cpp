@@ -73,7 +73,7 @@ TEST_F(OpenTest, RefusesAnotherVersion) {
   ASSERT_EQ(sqlite3_exec(connection, "PRAGMA user_version=77", nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(connection);
   EXPECT_EQ(ErrorOf([&] { AccountSet::Open(db); }),
-            db.string() + ": it is an account set of version 77, version 1 was expected");
+            db.string() + ": it is an account set of version 77, version 2 was expected");
 }
 
 }  // namespace

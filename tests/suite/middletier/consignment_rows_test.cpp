@@ -2,7 +2,7 @@
 // plain SQL, and the periods beside each other.
 #include <algorithm>
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "tests/suite/middletier/report_rows.h"
 
 namespace salerpt::middletier {
@@ -210,8 +210,6 @@ class Consignment : public ReportRows {
 
   static RecordsetRef Fetch(const Case& c, const Basis& basis,
                             const std::vector<Dictionary::Entry>& more = {}) {
-    const auto dialog = Runtime::Current().MakeDialog("FrmFilter303");
-    auto& unattended = dynamic_cast<UnattendedDialog&>(*dialog);
     std::vector<Dictionary::Entry> chosen = {{"BDate", basis.first},
                                              {"EDate", basis.last},
                                              {"OnlyShowSum", 0},
@@ -224,14 +222,13 @@ class Consignment : public ReportRows {
     if (c.mode >= kFirstProperty && c.mode < kBatches)
       chosen.push_back({"SumField", SumFieldOf(kProperties[c.mode - kFirstProperty])});
     chosen.insert(chosen.end(), more.begin(), more.end());
-    for (const auto& [key, value] : chosen) unattended.Choose(key, value);
-    unattended.Confirm();
+    const DictionaryRef filter = ConfirmedFilter("FrmFilter303", chosen);
     // No row of "sum by" offers the batches: hosts ask for them.
-    if (c.mode == kBatches) unattended.Filter()->Set("SumMode", 6);
+    if (c.mode == kBatches) filter->Set("SumMode", 6);
 
     const ObjectRef report = CreateObject("ORVSaleRpt.Rpt303");
     SetMember(report, "RptID", basis.list);
-    SetMember(report, "Filter", unattended.Filter());
+    SetMember(report, "Filter", filter);
     Call(report, "GetReportData");
     const auto result = As<Dictionary>(GetMember(report, "Result"));
     EXPECT_TRUE(result->Get("OK").ToBoolean()) << result->Get("Error").TextOrEmpty();

@@ -328,7 +328,9 @@ TEST_P(FeeGroupings, AFeeOpensItsInvoicesAndATotalNothing) {
 std::vector<Case> Groupings() {
   std::vector<Case> cases;
   for (const int style : {kPayable, kReceivable, kBoth}) {
-    for (const int mode : {0, 1, 2, 3, 4, 5, 6, kRegion}) cases.push_back({style, mode});
+    for (const int mode : {0, 1, 2, 3, 4, 5, kRegion}) cases.push_back({style, mode});
+    // Of both styles together there is neither a supplier nor a customer to sum by.
+    if (style != kBoth) cases.push_back({style, 6});
     cases.push_back({style, 1, 2, 3});
     cases.push_back({style, 3, 1, 1});
     cases.push_back({style, 4, 1, 1});
@@ -452,7 +454,7 @@ TEST_P(FeesSeen, OnlyThePartiesThatTheUserMaySeeCount) {
     const Case c{GetParam(), mode, 1, 1};
     ExpectRowsOf(Fetch(c), c, kSeen);
   }
-  ExpectListOf(List(GetParam()), GetParam(), kSeen);
+  ExpectListOf(List(GetParam()), GetParam(), kSeen, "day,FBillNo");
   EXPECT_LT(List(GetParam())->RecordCount(),
             static_cast<int>(Plain(Join(Lines(GetParam()), ") SELECT fee FROM lines"), 1).size()));
 }

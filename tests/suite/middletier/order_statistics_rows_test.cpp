@@ -1,7 +1,7 @@
 // Sales order statistics on a generated account set: every row of every grouping beside plain SQL.
 #include <algorithm>
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "tests/suite/middletier/report_rows.h"
 
 namespace salerpt::middletier {
@@ -353,13 +353,8 @@ TEST_F(OrderStatistics, AnOrderUnderCurrencyAndCustomerBringsTheSubtotalsBetween
 
 TEST_F(OrderStatistics, TheServerRejectsAnOrderUnderCurrencyAndProperty) {
   for (const int mode : {kCustomer, kEmployee, kSaleStyle}) {
-    const auto dialog = Runtime::Current().MakeDialog("frmFirter136");
-    auto& unattended = dynamic_cast<UnattendedDialog&>(*dialog);
-    for (const auto& [key, value] : Chosen({mode, true}, {{"Orderby", "FNumber ASC"}}))
-      unattended.Choose(key, value);
-    unattended.Confirm();
     const ObjectRef report = CreateObject("ORVSaleRpt.Rpt136");
-    SetMember(report, "Filter", unattended.Filter());
+    SetMember(report, "Filter", ConfirmedFilter("frmFirter136", Chosen({mode, true}, {{"Orderby", "FNumber ASC"}})));
     Call(report, "GetReportData");
     const auto result = As<Dictionary>(GetMember(report, "Result"));
     EXPECT_FALSE(result->Get("OK").ToBoolean());

@@ -1,6 +1,6 @@
 // Production and sales tracking of orders on a generated account set: every line of the report beside plain
 // SQL.
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "tests/suite/middletier/report_rows.h"
 
 namespace salerpt::middletier {

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <map>
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "reports/reports.h"
 
 namespace salerpt::middletier {
@@ -58,18 +58,13 @@ const GeneratedSet& ReportRows::Set() {
 
 ReportRows::ReportRows(const Login& login) {
   RegisterReports(runtime_);
-  RegisterUnattendedDialogs(runtime_);
   RegisterMiddleTier(runtime_, Set().Get(), login);
 }
 
 ObjectRef ReportRows::RunReport(std::string_view prog_id, std::string_view dialog_name,
                                 const std::vector<Dictionary::Entry>& chosen) {
-  const auto dialog = Runtime::Current().MakeDialog(dialog_name);
-  auto& unattended = dynamic_cast<UnattendedDialog&>(*dialog);
-  for (const auto& [key, value] : chosen) unattended.Choose(key, value);
-  unattended.Confirm();
   ObjectRef report = CreateObject(prog_id);
-  SetMember(report, "Filter", unattended.Filter());
+  SetMember(report, "Filter", ConfirmedFilter(dialog_name, chosen));
   Call(report, "GetReportData");
   const auto result = As<Dictionary>(GetMember(report, "Result"));
   EXPECT_TRUE(result->Get("OK").ToBoolean()) << result->Get("Error").TextOrEmpty();

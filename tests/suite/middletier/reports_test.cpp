@@ -1,7 +1,7 @@
 // Reports on the middle tier, on a generated account set: the figures are those of the tables.
 #include "reports/reports.h"
 
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "tests/suite/middletier/generated_set.h"
 
 namespace salerpt::middletier {
@@ -29,19 +29,14 @@ class ReportTest : public testing::Test {
   static void TearDownTestSuite() { set_.reset(); }
   ReportTest() {
     RegisterReports(runtime_);
-    RegisterUnattendedDialogs(runtime_);
-    RegisterMiddleTier(runtime_, set_->Get(), Login{});
+      RegisterMiddleTier(runtime_, set_->Get(), Login{});
   }
 
   // Runs a report with the defaults of its dialog and `chosen` over them.
   ObjectRef RunReport(std::string_view prog_id, std::string_view dialog_name,
                       std::initializer_list<Dictionary::Entry> chosen) const {
-    const auto dialog = runtime_.MakeDialog(dialog_name);
-    auto& unattended = dynamic_cast<UnattendedDialog&>(*dialog);
-    for (const auto& [key, value] : chosen) unattended.Choose(key, value);
-    unattended.Confirm();
     ObjectRef report = CreateObject(prog_id);
-    SetMember(report, "Filter", unattended.Filter());
+    SetMember(report, "Filter", ConfirmedFilter(dialog_name, chosen));
     Call(report, "GetReportData");
     const auto result = As<Dictionary>(GetMember(report, "Result"));
     EXPECT_TRUE(result->Get("OK").ToBoolean()) << result->Get("Error").TextOrEmpty();

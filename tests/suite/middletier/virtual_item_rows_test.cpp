@@ -1,6 +1,6 @@
 // Orders of virtual items on a generated account set: lines, what is in them and every grouping beside plain
 // SQL.
-#include "dialogs/unattended_dialog.h"
+#include "dialogs/unattended.h"
 #include "tests/suite/middletier/report_rows.h"
 
 namespace salerpt::middletier {
