@@ -62,6 +62,9 @@ class FormControl : public Control {
   const FormControl* container = nullptr;
   std::string caption;
   std::string tool_tip;
+  // The font that a toolkit draws it in: its size in points, and its weight.
+  double font_size = 9;
+  bool bold = false;
   // Place in the tab order, from 0.
   int tab_index = 0;
 

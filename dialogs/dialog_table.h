@@ -170,6 +170,8 @@ struct DialogTable {
   std::span<const ComboBoxRows> combos;
   std::span<const CheckBoxCaption> checks = {};
   std::span<const LabelCaption> labels;
+  // The label between the ends of a range.
+  std::string_view range_to = "至: ";
   // Box of the sale styles, and the row that it leaves out; 0 for none. Empty where the dialog has no box.
   std::string_view sale_types = "";
   std::int32_t hidden_sale_type = 0;

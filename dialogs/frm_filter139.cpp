@@ -81,6 +81,10 @@ constexpr std::array kBoxes = {
 constexpr std::array kGroupRows = {kByItemClass};
 constexpr GroupByTable kGroups = {.rows = kGroupRows, .sum_fields = {}};
 
+// Check boxes, combo boxes and labels stand in the font of the filter control around them.
+constexpr double kFontSize = 9.5;
+constexpr std::array<std::string_view, 3> kInControlFont = {"CheckBox", "ComboBox", "Label"};
+
 constexpr std::array kLabels = {
     LabelCaption{"lblBDate", "起始日期:"},      LabelCaption{"lblEDate", "截止日期:"},
     LabelCaption{"lblSaleStyle", "销售方式:"},  LabelCaption{"lblCommodityType", "商品类型:"},
@@ -211,6 +215,17 @@ void FrmFilter139::ConnectControl() {
   control_->Closed.Connect([this] { Unload(); });
   for (int i = 0; i < 2 * static_cast<int>(kFields.size()); ++i) {
     control_->Watch(i, form_.Get<TextBox>("txtItem", i), form_.Get<Button>("cmdItem", i));
+  }
+}
+
+// The language's font has gone over the form at load.
+void FrmFilter139::Activate() {
+  for (const auto& control : form_.Controls()) {
+    const bool is_meant =
+        std::find(kInControlFont.begin(), kInControlFont.end(), control->TypeName()) != kInControlFont.end();
+    if (!is_meant) continue;
+    control->font_size = kFontSize;
+    control->bold = false;
   }
 }
 

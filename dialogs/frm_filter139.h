@@ -24,6 +24,7 @@ class FrmFilter139 final : public FormDialog {
   [[nodiscard]] std::string_view Name() const override { return form_.form_name; }
   void SetRptID(std::int32_t family) override { rpt_id_ = family; }
   void Load() override;
+  void Activate() override;
   void Confirm() override;
   void ShowFinish(std::string_view plan) override;
   [[nodiscard]] DictionaryRef Filter() const override { return result_; }

@@ -162,8 +162,8 @@ void TableDialog::ApplyStrings() {
   for (const LabelCaption& label : table_.labels) form_.Find(label.control)->caption = ResText(label.caption);
   for (const CodeRange& range : table_.codes) {
     if (range.caption.empty()) continue;
-    auto& label = form_.Add<Label>(ControlName("lblItem", range.index));
-    label.caption = ResText(range.caption);
+    form_.Add<Label>(ControlName("lblItem", range.index)).caption = ResText(range.caption);
+    form_.Add<Label>(ControlName("lblTo", range.index)).caption = ResText(table_.range_to);
   }
   for (const CheckBoxCaption& check : table_.checks) {
     form_.Get<CheckBox>(check.control).caption = ResText(check.caption);

@@ -98,13 +98,11 @@ void Report::ShowFilter(bool auto_filter) {
     Runtime& runtime = Runtime::Current();
     const std::unique_ptr<FilterDialog> dialog = runtime.MakeDialog(class_.dialog);
     dialog->SetRptID(PlanFamily());
+    PrepareDialog(*dialog);
     std::string plan;
-    if (class_.has_auto_filter) {
-      dialog->SetStatus(0, false);
-      if (auto_filter) {
-        const ObjectRef profile = ObjectFactory::CreateServerObject("ORVMCaculateRpt.Profile");
-        plan = Call(profile, "FindChooseValue", GetPropsString(), ext_filter_).TextOrEmpty();
-      }
+    if (class_.has_auto_filter && auto_filter) {
+      const ObjectRef profile = ObjectFactory::CreateServerObject("ORVMCaculateRpt.Profile");
+      plan = Call(profile, "FindChooseValue", GetPropsString(), ext_filter_).TextOrEmpty();
     }
     if (plan.empty()) {
       runtime.GetToolkit().ShowModal(*dialog);
@@ -115,6 +113,10 @@ void Report::ShowFilter(bool auto_filter) {
   } catch (const std::exception& failure) {
     SetResult(false, failure.what());
   }
+}
+
+void Report::PrepareDialog(FilterDialog& dialog) {
+  if (class_.has_auto_filter) dialog.SetStatus(0, false);
 }
 
 void Report::TakeDialogFilter(const DictionaryRef& filter) {

@@ -8,6 +8,7 @@
 
 #include "runtime/bar.h"
 #include "runtime/dictionary.h"
+#include "runtime/filter_dialog.h"
 #include "runtime/object.h"
 #include "runtime/recordset.h"
 #include "runtime/report_class.h"
@@ -71,6 +72,8 @@ class Report : public Object {
   // called when the object is made, by SetExtFirter and by the fuller ShowFilter; what it raises ends in
   // `Result`, and the next fetch tries again.
   virtual void InitProperty(std::int32_t number);
+  // What a class sets on its new dialog before it is shown: in the fuller form of ShowFilter the status.
+  virtual void PrepareDialog(FilterDialog& dialog);
   // `Title` from `Filter`.
   virtual void BuildTitle() = 0;
   // Between the title and the fetch: conditions from `Filter`.

@@ -864,6 +864,7 @@ constexpr DialogTable kFrmFilter303 = {
     .combos = kBoxesOf303,
     .checks = kChecksOf303,
     .labels = kLabelsOf303,
+    .range_to = "至：",
     .group_by = &kGroupsOf303,
     .keys = kKeysOf303,
     .plan = kPlanOf303,

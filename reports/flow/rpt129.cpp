@@ -243,6 +243,11 @@ void Rpt129::InitProperty(std::int32_t number) {
   // clang-format on
 }
 
+void Rpt129::PrepareDialog(FilterDialog& dialog) {
+  Report::PrepareDialog(dialog);
+  dialog.SetNeedGroup(0);
+}
+
 // --- Title
 
 void Rpt129::BuildTitle() {

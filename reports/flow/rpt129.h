@@ -28,6 +28,7 @@ class Rpt129 final : public Report {
 
  protected:
   void InitProperty(std::int32_t number) override;
+  void PrepareDialog(FilterDialog& dialog) override;
   void BuildTitle() override;
   void BuildConditions() override;
   void FetchData() override;

@@ -79,35 +79,6 @@ void Rpt301::BuildTitle() {
 
 // --- Fetch
 
-namespace {
-
-DictionaryRef RightRule(std::string_view table, std::string_view bill_alias, std::string_view bill_column) {
-  auto rule = std::make_shared<Dictionary>();
-  rule->Set("DataTable", table);
-  rule->Set("DataCol", "FItemID");
-  rule->Set("BillTableAs", bill_alias);
-  rule->Set("BillCol", bill_column);
-  return rule;
-}
-
-// The rights on the parties of one side and on fees, told by the columns of the bill (V1) and of its lines
-// (V2) that hold them: the statement that they go into is the middle tier's.
-DataRight RequestBillRight(std::string_view party_table, std::string_view party_column) {
-  Vector table_names;
-  table_names.Add(party_table);
-  table_names.Add("t_Fee");
-  Vector table_infos;
-  table_infos.Add(RightRule(party_table, "V1", party_column));
-  table_infos.Add(RightRule("t_Fee", "V2", "FItemID"));
-  DataRight right;
-  if (!ApplyDataRight(table_names, table_infos, right.from_text, right.where_text, true)) {
-    throw RuntimeError(error_number::kDataRight, "SetRptProperty", ResText("数据授权取数发生错误"));
-  }
-  return right;
-}
-
-}  // namespace
-
 void Rpt301::FetchData() {
   header_ = std::make_shared<Vector>();
   const Grouping grouping = ChosenGrouping();
@@ -119,8 +90,10 @@ void Rpt301::FetchData() {
   request->Set("NoDate", "");
   request->Set("RptID", "Rpt301");
 
-  const DataRight supplier = RequestBillRight("t_Supplier", "FSupplyID");
-  const DataRight customer = RequestBillRight("t_Organization", "FCustID");
+  // The rights on the parties of one side and on fees, under the aliases of the bill (V1) and of its lines
+  // (V2): the statement that they go into is the middle tier's.
+  const DataRight supplier = RequestDataRight({{"t_Supplier", "V1"}, {"t_Fee", "V2"}});
+  const DataRight customer = RequestDataRight({{"t_Organization", "V1"}, {"t_Fee", "V2"}});
   SetSideRights(Conditions(), supplier, customer);
 
   const ObjectRef data = CreateObject("ORVMSaleRpt.Data");

@@ -77,35 +77,12 @@ void Rpt139::FetchData() {
   RaiseReturnedError(frames);
 }
 
-// --- Rights on customers, items, departments and employees, told with the columns of the bill that hold
-// them: the statement that they go into is the middle tier's.
-
-namespace {
-
-void AddRightRule(Vector& table_names, Vector& table_infos, std::string_view table, std::string_view alias,
-                  std::string_view bill_column) {
-  table_names.Add(table);
-  auto rule = std::make_shared<Dictionary>();
-  rule->Set("DataTable", table);
-  rule->Set("DataCol", "FItemID");
-  rule->Set("DataTableAs", alias);
-  rule->Set("BillCol", bill_column);
-  table_infos.Add(rule);
-}
-
-}  // namespace
+// --- Rights on customers, items, departments and employees, under the aliases of the statement that they go
+// into, which is the middle tier's
 
 void Rpt139::SendRights() {
-  Vector table_names;
-  Vector table_infos;
-  AddRightRule(table_names, table_infos, "t_Organization", "tc", "FItemID");
-  AddRightRule(table_names, table_infos, "T_ICItem", "t1", "FItemID");
-  AddRightRule(table_names, table_infos, "t_Department", "td", "FDeptID");
-  AddRightRule(table_names, table_infos, "t_Emp", "te", "FEmpID");
-  DataRight right;
-  if (!ApplyDataRight(table_names, table_infos, right.from_text, right.where_text, true)) {
-    throw RuntimeError(error_number::kDataRight, "SetRptProperty", ResText("数据授权取数发生错误"));
-  }
+  const DataRight right = RequestDataRight(
+      {{"t_Organization", "tc"}, {"T_ICItem", "t1"}, {"t_Department", "td"}, {"t_Emp", "te"}});
   Conditions().Set("DataRightFrom", right.from_text);
   Conditions().Set("DataRightWhere", right.where_text);
 }

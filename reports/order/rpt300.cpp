@@ -32,6 +32,11 @@ void Rpt300::InitProperty(std::int32_t number) {
   // clang-format on
 }
 
+void Rpt300::PrepareDialog(FilterDialog& dialog) {
+  Report::PrepareDialog(dialog);
+  dialog.SetNeedGroup(0);
+}
+
 // --- Which grouping: "SumMode", whose codes beside the class levels mean a property where "SumField" names
 // one
 
@@ -111,35 +116,6 @@ void Rpt300::BuildConditions() {
 
 // --- Fetch
 
-namespace {
-
-DictionaryRef RightRule(std::string_view table, std::string_view bill_alias, std::string_view bill_column) {
-  auto rule = std::make_shared<Dictionary>();
-  rule->Set("DataTable", table);
-  rule->Set("DataCol", "FItemID");
-  rule->Set("BillTableAs", bill_alias);
-  rule->Set("BillCol", bill_column);
-  return rule;
-}
-
-// The rights on items and customers, told by the columns of the order lines (u1) and of the order (v1) that
-// hold them: the statement that they go into is the middle tier's.
-DataRight RequestOrderRight() {
-  Vector table_names;
-  table_names.Add("T_ICItem");
-  table_names.Add("t_Organization");
-  Vector table_infos;
-  table_infos.Add(RightRule("T_ICItem", "u1", "FItemID"));
-  table_infos.Add(RightRule("t_Organization", "v1", "FCustID"));
-  DataRight right;
-  if (!ApplyDataRight(table_names, table_infos, right.from_text, right.where_text, true)) {
-    throw RuntimeError(error_number::kDataRight, "SetRptProperty", ResText("数据授权取数发生错误"));
-  }
-  return right;
-}
-
-}  // namespace
-
 void Rpt300::FetchData() {
   header_ = std::make_shared<Vector>();
   // The user's field right on order amounts.
@@ -149,7 +125,9 @@ void Rpt300::FetchData() {
   AddCommonColumns(can_see_amount);
   const DictionaryRef request = BuildRequest(grouping);
 
-  const DataRight right = RequestOrderRight();
+  // The rights on items and customers, under the aliases of the order lines (u1) and of the order (v1): the
+  // statement that they go into is the middle tier's.
+  const DataRight right = RequestDataRight({{"T_ICItem", "u1"}, {"t_Organization", "v1"}});
   request->Set("DataRightFrom", right.from_text);
   request->Set("DataRightWhere", right.where_text);
   request->Set("bLongNumber", Runtime::Current().gLongNumber);

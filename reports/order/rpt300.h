@@ -27,6 +27,7 @@ class Rpt300 final : public Report {
 
  protected:
   void InitProperty(std::int32_t number) override;
+  void PrepareDialog(FilterDialog& dialog) override;
   void BuildTitle() override;
   void BuildConditions() override;
   void FetchData() override;
