@@ -25,6 +25,9 @@ class ProgressForm {
   void Load();
   // Form activate: the fetch runs in here. A form that has been unloaded is not activated any more.
   void Activate();
+  // The form leaves the screen: when the fetch is done, or when the toolkit closes it earlier. Before its
+  // activation nothing is fetched then; a fetch that runs is not broken off, and nobody sees its messages.
+  void Unload();
   [[nodiscard]] bool IsUnloaded() const { return unloaded_; }
 
   [[nodiscard]] const std::string& Message() const { return message_; }
@@ -46,7 +49,6 @@ class ProgressForm {
   void SetMessage(const std::string& text);
   void SetBarVisible(bool visible);
   void FillBar();
-  void Unload();
   // Connects to an event of the relay for as long as the form lives.
   template <typename... Args, typename Handler>
   void Listen(Event<Args...>& event, Handler handler);

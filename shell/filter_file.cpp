@@ -13,6 +13,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+// No condition is nested deeper, and what works on one goes down with its levels.
+constexpr int kDeepestNesting = 64;
+
 [[noreturn]] void Fail(std::string_view file, std::string_view what) {
   throw RuntimeError(error_number::kInvalidCall, "Shell", Join(file, ": ", what));
 }
@@ -33,7 +36,8 @@ std::string LineOf(std::string_view json, std::size_t byte) {
 Json Parse(std::string_view json, std::string_view file) {
   std::vector<std::vector<std::string>> keys;  // of the objects that are open
   std::string twice;
-  const auto watch = [&](int /*depth*/, Json::parse_event_t event, Json& parsed) {
+  const auto watch = [&](int depth, Json::parse_event_t event, Json& parsed) {
+    if (depth > kDeepestNesting) Fail(file, Join("nested deeper than ", kDeepestNesting, " levels"));
     if (event == Json::parse_event_t::object_start) keys.emplace_back();
     if (event == Json::parse_event_t::object_end) keys.pop_back();
     if (event == Json::parse_event_t::key) {
@@ -51,6 +55,8 @@ Json Parse(std::string_view json, std::string_view file) {
     return parsed;
   } catch (const Json::parse_error& error) {
     Fail(file, Join(LineOf(json, error.byte), ": this is no JSON"));
+  } catch (const Json::out_of_range&) {
+    Fail(file, "a number is too large");
   }
 }
 

@@ -1,6 +1,7 @@
 #include "shell/host.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -82,6 +83,40 @@ void SaveAsPlan(FormDialog& dialog) {
   toolbar.ButtonClick.Raise(*button);
 }
 
+// The store of plans while one is saved. A dialog passes over what the store refuses; who saves by a command
+// has no list before his eyes in which the plan would be missing, and is told.
+class WatchedStore final : public Object {
+ public:
+  WatchedStore(ObjectRef store, std::string& failure) : store_(std::move(store)), failure_(failure) {}
+  [[nodiscard]] std::string_view ClassName() const override { return store_->ClassName(); }
+  Variant Invoke(std::string_view member, InvokeKind kind, Arguments arguments) override {
+    try {
+      return store_->Invoke(member, kind, arguments);
+    } catch (const RuntimeError& error) {
+      if (EqualNames(member, "SaveProfile")) failure_ = error.Description();
+      throw;
+    }
+  }
+
+ private:
+  ObjectRef store_;
+  std::string& failure_;
+};
+
+// Runs `save` with the stores of plans watched; gives why one of them did not save, empty where none failed.
+template <typename Save>
+std::string FailureOf(Runtime& runtime, Save&& save) {
+  std::string failure;
+  std::map<std::string, Runtime::ObjectMaker> makers;
+  for (const char* prog_id : {"ORVMCaculateRpt.Profile", "ORVMYWARAPRpt.Profile"}) {
+    const Runtime::ObjectMaker make = makers[prog_id] = runtime.FindMaker(prog_id);
+    runtime.Register(prog_id, [make, &failure] { return std::make_shared<WatchedStore>(make(), failure); });
+  }
+  std::forward<Save>(save)();
+  for (const auto& [prog_id, make] : makers) runtime.Register(prog_id, make);
+  return failure;
+}
+
 // A plan that is not there would run as the defaults.
 void RequirePlan(const ReportClass& report_class, std::int32_t family, std::string_view plan) {
   if (plan.empty()) return;
@@ -103,7 +138,7 @@ void Host::UseDialog(FilterDialog& dialog, const DialogRun& run,
   if (!run.plan.empty()) form_dialog.Plans()->LoadPlan(run.plan);
   if (!run.save_plan.empty()) {
     for (const Dictionary::Entry& condition : conditions) form_dialog.Choose(condition.key, condition.value);
-    SaveAsPlan(form_dialog);
+    save_failure_ = FailureOf(runtime_, [&] { SaveAsPlan(form_dialog); });
   }
   ConfirmWith(form_dialog, conditions);
 }
@@ -121,6 +156,7 @@ ObjectRef Host::Run(const ReportClass& report_class, DialogRun run) {
   toolkit_->SetUser([&](FilterDialog& dialog) { UseDialog(dialog, run, conditions); });
   Call(report, "ShowFilter", run.automatic);
   toolkit_->SetUser(nullptr);
+  if (!save_failure_.empty()) RaiseUsage(Join("--save-plan ", run.save_plan, ": ", save_failure_));
   RequireSuccess(report_class.name, report);
   Call(report, "GetReportData");
   RequireSuccess(report_class.name, report);

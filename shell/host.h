@@ -45,7 +45,8 @@ class Host {
   // A report that has fetched, in a host's order: the report is made, shows its dialog, and fetches. The
   // dialog is run without a person, as `run` tells; what it confirms does not become the user's default plan.
   // Raises ReportFailure with what `Result` tells, and invalid-call for a class that this build does not
-  // have, for a choice that the dialog does not have, and for a plan that is not stored.
+  // have, for a choice that the dialog does not have, for a plan that is not stored, and for one that could
+  // not be saved.
   ObjectRef Run(const ReportClass& report_class, DialogRun run);
   // The detail report of a row (from 0, among the rows shown). Raises ReportFailure where the row has none or
   // the detail report fails, and invalid-call for a class without details or a row beyond the last.
@@ -55,12 +56,14 @@ class Host {
 
  private:
   // What the user does in the dialog that the report shows.
-  static void UseDialog(FilterDialog& dialog, const DialogRun& run,
-                        const std::vector<Dictionary::Entry>& conditions);
+  void UseDialog(FilterDialog& dialog, const DialogRun& run,
+                 const std::vector<Dictionary::Entry>& conditions);
 
   Runtime runtime_;
   ProgressBar bar_;
   std::shared_ptr<class ShellToolkit> toolkit_;
+  // Why the plan was not saved; empty where it was.
+  std::string save_failure_;
 };
 
 }  // namespace salerpt::shell

@@ -44,7 +44,7 @@ OutputFile::OutputFile(std::filesystem::path target) : target_(std::move(target)
   descriptor_ = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kMode);
 #endif
   if (descriptor_ < 0) {
-    temporary_ = Join(target_.string(), ".", static_cast<int>(::getpid()), ".tmp");
+    temporary_ = TemporaryName();
     descriptor_ = ::open(temporary_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kMode);
     if (descriptor_ < 0) {
       temporary_.clear();
@@ -76,9 +76,16 @@ void OutputFile::Commit() {
   temporary_.clear();
 }
 
+// A file that bears the name already was left by a killed program whose process number came round again.
+std::filesystem::path OutputFile::TemporaryName() const {
+  std::filesystem::path name = Join(target_.string(), ".", static_cast<int>(::getpid()), ".tmp");
+  ::unlink(name.c_str());
+  return name;
+}
+
 // A name cannot be taken over by linking, so the file gets one beside the target first.
 void OutputFile::Link() {
-  std::filesystem::path name = Join(target_.string(), ".", static_cast<int>(::getpid()), ".tmp");
+  std::filesystem::path name = TemporaryName();
   if (::linkat(AT_FDCWD, DescriptorPath(descriptor_).c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) !=
       0) {
     Fail("cannot be written");

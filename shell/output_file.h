@@ -29,6 +29,7 @@ class OutputFile {
  private:
   void OpenDevice();
   void Link();
+  [[nodiscard]] std::filesystem::path TemporaryName() const;
   [[noreturn]] void Fail(const char* what) const;
 
   std::filesystem::path target_;

@@ -38,6 +38,9 @@ std::string_view Reason(std::string_view message) {
   return message;
 }
 
+// Far beyond any case: what works on a document goes down with its levels.
+constexpr int kDeepestNesting = 256;
+
 // Finds a key that stands twice in one object: the later value would silently win.
 struct KeyWatch {
   std::vector<std::set<std::string>> open_objects;
@@ -57,7 +60,8 @@ struct KeyWatch {
 Json ParseCase(std::string_view text, std::string_view name) {
   KeyWatch watch;
   try {
-    Json document = Json::parse(text, [&watch](int, Json::parse_event_t event, const Json& parsed) {
+    Json document = Json::parse(text, [&](int depth, Json::parse_event_t event, const Json& parsed) {
+      if (depth > kDeepestNesting) Raise(name, Join("nested deeper than ", kDeepestNesting, " levels"));
       watch.See(event, parsed);
       return true;
     });

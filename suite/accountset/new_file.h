@@ -9,7 +9,8 @@
 namespace salerpt::accountset {
 
 // Writes to a temporary file beside the one asked for and gives it its name only when all is written. Gone
-// before that (an error, no room), it takes the temporary file along.
+// before that (an error, no room), it takes the temporary file along. What a killed program could not take
+// along goes with the next attempt at the same name.
 class NewFile {
  public:
   // Raises RuntimeError from `source` when `target` exists or its folder cannot be written. The tables stand
@@ -25,6 +26,7 @@ class NewFile {
   void Publish();
 
  private:
+  void RemoveLeftOvers() const;
   void RefuseExisting() const;
 
   std::filesystem::path target_;

@@ -40,9 +40,12 @@ class Transaction {
 
  private:
   void Run(const char* statement) {
-    if (sqlite3_exec(connection_, statement, nullptr, nullptr, nullptr) == SQLITE_OK) return;
-    throw RuntimeError(error_number::kInvalidCall, "MiddleTier",
-                       Join("the account set cannot be changed: ", sqlite3_errmsg(connection_)));
+    const int code = sqlite3_exec(connection_, statement, nullptr, nullptr, nullptr);
+    if (code == SQLITE_OK) return;
+    throw RuntimeError(
+        error_number::kInvalidCall, "MiddleTier",
+        Join("the account set cannot be changed: ",
+             code == SQLITE_BUSY ? "another program is writing to it" : sqlite3_errmsg(connection_)));
   }
   sqlite3* connection_;
 };

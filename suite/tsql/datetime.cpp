@@ -138,7 +138,7 @@ class DateReader {
       day_ = third;
       return true;
     }
-    if (digits > 2 || third_digits == 1 || third_digits == 3) return false;
+    if (digits > 2 || (third_digits != 2 && third_digits != 4)) return false;
     year_ = third_digits == 4 ? third : FullYear(third);
     month_ = day_first_ ? second : first;
     day_ = day_first_ ? first : second;

@@ -48,6 +48,8 @@ double RoundDecimal(double value, int scale) {
 
 double TruncateDecimal(double value, int scale) {
   if (scale > 22) return value;
+  // Nothing to cut; a long number's double may lie a little below its last digit.
+  if (const double rounded = RoundDecimal(value, scale); rounded == value) return rounded;
   if (scale < 0) {
     const double power = PowerOfTen(-scale);
     const double scaled = std::fabs(value) / power;

@@ -150,6 +150,7 @@ void RegisterFunctions(sqlite3* connection, FunctionState& state) {
   RegisterNumberFunctions(connection, state);
   RegisterDateFunctions(connection, state);
   RegisterAggregates(connection, state);
+  state.kept.Register(connection);
   // Text columns carry NOCASE, which SQLite compares with the blanks at the end. The server does not; texts
   // without such blanks, as account sets hold them, sort the same either way, so indexes stay good.
   sqlite3_create_collation_v2(connection, "NOCASE", SQLITE_UTF8, nullptr, &Collate, nullptr);

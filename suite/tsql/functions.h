@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "suite/tsql/kept_values.h"
 #include "suite/tsql/variables.h"
 
 namespace salerpt::tsql {
@@ -20,6 +21,12 @@ struct FunctionState {
   };
   std::optional<Failure> failure;
   const Variables* variables = nullptr;  // of the batch that runs
+  KeptValues kept;                       // of the statement that runs
+
+  void BeginStatement() {
+    failure.reset();
+    kept.Clear();
+  }
 };
 
 // Registers everything; `state` must live as long as the connection uses the functions.

@@ -87,6 +87,7 @@ void Interpreter::RunPlan(Translated& translated) {
     return;
   }
   Complete(translated);
+  session_.engine.functions->BeginStatement();
   std::optional<Groups> groups;
   if (translated.plan.has_rollup) {
     groups.emplace(translated.plan.rollup);
@@ -94,7 +95,6 @@ void Interpreter::RunPlan(Translated& translated) {
     session_.groups->groups = &*groups;
   }
   const ResetGuard reset(translated.main);
-  session_.engine.functions->failure.reset();
   translated.main.Bind(variables_);
   std::int64_t rows = 0;
   switch (translated.plan.kind) {
@@ -163,7 +163,7 @@ bool Interpreter::Test(const Statement& statement, const Expression& condition) 
       Prepare(statement, [&](Translator& translator) { return translator.TranslateCondition(condition); });
   Complete(translated);
   const ResetGuard reset(translated.main);
-  session_.engine.functions->failure.reset();
+  session_.engine.functions->BeginStatement();
   translated.main.Bind(variables_);
   return translated.main.Step(session_.engine) && sqlite3_column_int(translated.main.Get(), 0) != 0;
 }
@@ -174,7 +174,7 @@ void Interpreter::SetVariable(const Statement& statement, int variable, const Ex
   });
   Complete(translated);
   const ResetGuard reset(translated.main);
-  session_.engine.functions->failure.reset();
+  session_.engine.functions->BeginStatement();
   translated.main.Bind(variables_);
   if (!translated.main.Step(session_.engine)) return;
   Variable& target = variables_.At(variable);

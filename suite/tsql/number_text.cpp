@@ -32,15 +32,20 @@ std::optional<double> ReadNumber(std::string_view text, std::chars_format format
 
 }  // namespace
 
-std::optional<std::int64_t> ReadInteger(std::string_view text) {
+std::optional<std::int64_t> ReadInteger(std::string_view text, bool* too_large) {
+  using Limits = std::numeric_limits<std::int64_t>;
   bool negative = false;
   text = Unsigned(Trim(text), negative);
   if (text.empty()) return 0;
-  std::int64_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error == std::errc::result_out_of_range) return std::numeric_limits<std::int64_t>::max();
-  if (error != std::errc() || end != text.data() + text.size() || text.front() == '-') return std::nullopt;
-  return negative ? -value : value;
+  const std::uint64_t limit = static_cast<std::uint64_t>(Limits::max()) + (negative ? 1 : 0);
+  std::uint64_t size = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), size);
+  if (error == std::errc::invalid_argument || end != text.data() + text.size()) return std::nullopt;
+  if (error == std::errc::result_out_of_range || size > limit) {
+    if (too_large != nullptr) *too_large = true;
+    size = limit;
+  }
+  return static_cast<std::int64_t>(negative ? 0 - size : size);
 }
 
 std::optional<double> ReadDecimal(std::string_view text) {
@@ -79,13 +84,17 @@ std::int64_t IntegerOfText(std::string_view text, TypeKind to, std::string_view 
   const std::string word(IntegerType(to).Word());
   if (to == TypeKind::kBit && EqualNames(Trim(text), "true")) return 1;
   if (to == TypeKind::kBit && EqualNames(Trim(text), "false")) return 0;
-  const std::optional<std::int64_t> value = ReadInteger(text);
+  bool too_large = false;
+  const std::optional<std::int64_t> value = ReadInteger(text, &too_large);
   if (!value) {
     int number = 0;
     const std::string message = ConversionText(number, from_word, word, text);
     Raise(number, message);
   }
   if (to == TypeKind::kBit) return *value != 0 ? 1 : 0;
+  if (too_large && to == TypeKind::kBigInt) {
+    Raise(8115, fmt::format("Arithmetic overflow error converting expression to data type {}.", word));
+  }
   if (!FitsInteger(*value, to)) {
     if (to == TypeKind::kInt) {
       Raise(248,

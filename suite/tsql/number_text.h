@@ -10,8 +10,9 @@
 
 namespace salerpt::tsql {
 
-// A whole number in a text; blanks around it and an empty text (0) are allowed.
-std::optional<std::int64_t> ReadInteger(std::string_view text);
+// A whole number in a text; blanks around it and an empty text (0) are allowed. One of more than 64 bits is
+// the nearest that they hold, and too large.
+std::optional<std::int64_t> ReadInteger(std::string_view text, bool* too_large = nullptr);
 // Digits with an optional point, no exponent; an empty text is none.
 std::optional<double> ReadDecimal(std::string_view text);
 // As ReadDecimal, with an exponent; an empty text is 0.

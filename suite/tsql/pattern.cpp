@@ -77,6 +77,11 @@ bool MatchOne(std::string_view& pattern, std::string_view& text, char escape) {
   return EqualCharacters(literal, character);
 }
 
+// A % that is no escaped one, nor the mark of an escape itself.
+bool StartsWithRun(std::string_view pattern, char escape) {
+  return pattern.starts_with('%') && (escape != '%' || pattern.size() == 1);
+}
+
 }  // namespace
 
 bool MatchesPattern(std::string_view pattern, std::string_view text, char escape) {
@@ -85,8 +90,8 @@ bool MatchesPattern(std::string_view pattern, std::string_view text, char escape
   std::string_view star_pattern;
   std::string_view star_text;
   while (true) {
-    if (!pattern.empty() && pattern.front() == '%') {
-      while (!pattern.empty() && pattern.front() == '%') pattern.remove_prefix(1);
+    if (StartsWithRun(pattern, escape)) {
+      while (StartsWithRun(pattern, escape)) pattern.remove_prefix(1);
       has_star = true;
       star_pattern = pattern;
       star_text = text;

@@ -67,7 +67,7 @@ class Session::Impl {
   // What the statements of a batch did stays, also when a later one failed.
   void EndBatch(bool begun) {
     functions_.variables = nullptr;
-    functions_.failure.reset();
+    functions_.BeginStatement();
     groups_.groups = nullptr;
     if (begun && sqlite3_get_autocommit(state_.engine.connection) != 0) {
       ForgetLostTables();  // SQLite has taken everything back, out of memory or disk

@@ -28,6 +28,9 @@ void Engine::Fail(bool updating) const {
     functions->failure.reset();
     Raise(failure.number, failure.text);
   }
+  if ((sqlite3_errcode(connection) & 0xFF) == SQLITE_BUSY) {
+    Raise(1222, "Lock request time out period exceeded.");
+  }
   const std::string message = sqlite3_errmsg(connection);
   std::string table;
   std::string column;

@@ -12,6 +12,9 @@
 namespace salerpt::tsql {
 namespace {
 
+// A subquery that looks at more columns is hardly ever asked for the same ones again.
+constexpr std::size_t kMaxKeptColumns = 8;
+
 int CharacterCount(std::string_view text) {
   return static_cast<int>(std::count_if(
       text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
@@ -143,22 +146,28 @@ Sql Translator::Literal(const Expression& e) const {
   return result;
 }
 
-Sql Translator::VariableValue(const Expression& e) const {
+Sql Translator::VariableValue(const Expression& e) {
   const int index = variables_.Get(e.text);
   Sql result;
   result.type = variables_.At(index).type;
   const bool changes = std::find(assigned_.begin(), assigned_.end(), index) != assigned_.end();
+  if (changes) NoteUnsteady();
   result.text = changes ? fmt::format("ts_var({})", index) : fmt::format("?{}", index + 1);
   return result;
 }
 
 Sql Translator::ColumnValue(const Expression& e, const Scope& scope) {
   const ResolvedColumn column = Resolve(e.name, scope);
-  if (column.scope->groups != nullptr && !column.scope->groups->suspended) return GroupColumn(column);
+  if (column.scope->groups != nullptr && !column.scope->groups->suspended) {
+    Sql key = GroupColumn(column);
+    NoteOuterColumn(*column.scope, key.text);
+    return key;
+  }
   Sql result;
   result.text = column.GetSource().ColumnSql(column.column);
   result.type = column.Info().type;
   result.nocase = result.type.IsText() && !column.GetSource().derived;
+  NoteOuterColumn(*column.scope, result.text);
   return result;
 }
 
@@ -349,14 +358,47 @@ Sql Translator::ConvertValue(const Expression& e, const Scope& scope) {
 }
 
 Sql Translator::Subquery(const Expression& e, const Scope& scope) {
+  OuterReads reads;
+  reads.outer = &scope;
+  outer_reads_.push_back(&reads);
   QuerySql query = TranslateQuery(*e.query, &scope, QueryUse::kSubquery, nullptr, nullptr);
+  outer_reads_.pop_back();
   if (query.columns.size() != 1) Raise(116, std::string(kSubqueryColumnsText));
   Sql result = query.items[0];
   result.text = "(" + query.text + ")";
+  const bool reads_tables = !e.query->blocks[0].from.empty();
+  if (reads.steady && reads_tables && !reads.columns.empty() && reads.columns.size() <= kMaxKeptColumns) {
+    result.text = Kept(result.text, reads.columns);
+  }
   result.nocase = false;
   result.literal = false;
   result.nonzero = false;
   return result;
+}
+
+// The value of a correlated subquery, worked out once for equal columns of the outer row. A subquery that
+// looks at no outer row SQLite works out once by itself.
+std::string Translator::Kept(const std::string& subquery, const std::vector<std::string>& outer_columns) {
+  const int number = kept_count_++;
+  return fmt::format("(CASE ts_known({0},{1}) WHEN 1 THEN ts_known_value({0}) ELSE ts_keep({0},{2}) END)",
+                     number, fmt::join(outer_columns, ","), subquery);
+}
+
+void Translator::NoteOuterColumn(const Scope& scope, const std::string& column) {
+  for (OuterReads* reads : outer_reads_) {
+    bool is_outer = false;
+    for (const Scope* level = reads->outer; level != nullptr; level = level->parent) {
+      is_outer = is_outer || level == &scope;
+    }
+    std::vector<std::string>& columns = reads->columns;
+    if (is_outer && std::find(columns.begin(), columns.end(), column) == columns.end()) {
+      columns.push_back(column);
+    }
+  }
+}
+
+void Translator::NoteUnsteady() {
+  for (OuterReads* reads : outer_reads_) reads->steady = false;
 }
 
 Sql Translator::RowNumber(const Expression& e, const Scope& scope) {

@@ -306,6 +306,7 @@ Sql Translator::DateFunction(const Expression& e, const Scope& scope, bool& know
   Sql result;
   result.type = SimpleType(TypeKind::kDateTime);
   if (name == "getdate") {
+    NoteUnsteady();
     result.text = "ts_now()";
     return result;
   }

@@ -79,7 +79,7 @@ class Translator {
   Sql Dispatch(const Expression& e, const Scope& scope);
   std::string Condition(const Expression& e, const Scope& scope);
   Sql Literal(const Expression& e) const;
-  Sql VariableValue(const Expression& e) const;
+  Sql VariableValue(const Expression& e);
   Sql ColumnValue(const Expression& e, const Scope& scope);
   Sql Unary(const Expression& e, const Scope& scope);
   Sql Binary(const Expression& e, const Scope& scope);
@@ -92,6 +92,9 @@ class Translator {
                                           std::string& head);
   Sql ConvertValue(const Expression& e, const Scope& scope);
   Sql Subquery(const Expression& e, const Scope& scope);
+  std::string Kept(const std::string& subquery, const std::vector<std::string>& outer_columns);
+  void NoteOuterColumn(const Scope& scope, const std::string& column);
+  void NoteUnsteady();
   Sql RowNumber(const Expression& e, const Scope& scope);
   bool NeverZero(const Expression& e, const Scope& scope);
 
@@ -191,6 +194,14 @@ class Translator {
   // How the items of a query meet their targets: columns or variables.
   ConvertMode target_mode_ = ConvertMode::kStore;
   std::vector<IndexRequest> indexes_;
+  // What a scalar subquery on its way looks at outside itself.
+  struct OuterReads {
+    const Scope* outer = nullptr;  // the block around it
+    std::vector<std::string> columns;
+    bool steady = true;  // the same columns give the same value throughout the statement
+  };
+  std::vector<OuterReads*> outer_reads_;  // the outermost subquery first
+  int kept_count_ = 0;
   // Variables that the statement assigns: their values change from row to row.
   std::vector<int> assigned_;
 };

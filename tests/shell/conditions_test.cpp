@@ -162,6 +162,16 @@ TEST(FilterFile, RefusesWhatAConditionCannotBe) {
             "f.json: [1]: an object of keys and values was expected");
 }
 
+TEST(FilterFile, RefusesANumberBeyondTheDoubles) {
+  EXPECT_EQ(ErrorOf([] { ParseFilter(R"({"SumMode": 1e400})", "f.json"); }), "f.json: a number is too large");
+}
+
+TEST(FilterFile, RefusesWhatIsNestedTooDeeply) {
+  std::string json = "1";
+  for (int i = 0; i < 100'000; ++i) json = R"({"a":)" + std::move(json);
+  EXPECT_EQ(ErrorOf([&json] { ParseFilter(json, "f.json"); }), "f.json: nested deeper than 64 levels");
+}
+
 TEST(FilterFile, TellsTheLineOfWhatIsNoJson) {
   EXPECT_EQ(ErrorOf([] { ParseFilter("{\n  \"BDate\": oops\n}", "f.json"); }),
             "f.json: line 2, column 12: this is no JSON");

@@ -209,6 +209,11 @@ TEST(ParseCase, RefusesANumberBeyondTheDoubles) {
             "case.json: number overflow parsing '1e400'");
 }
 
+TEST(ParseCase, RefusesWhatIsNestedTooDeeply) {
+  EXPECT_EQ(ErrorOf([] { ParseCase(std::string(100'000, '['), "case.json"); }),
+            "case.json: nested deeper than 256 levels");
+}
+
 TEST(ParseCase, RefusesAKeyThatStandsTwiceInOneObject) {
   EXPECT_EQ(ErrorOf([] { ParseCase(R"({"a": {"x": 1}, "b": {"x": 2, "x": 3}})", "case.json"); }),
             "case.json: the key \"x\" stands twice in one object");

@@ -180,7 +180,7 @@ TEST_F(CompanyTest, AnAccountSetThatAnotherProgramWritesToIsToldAsAnError) {
   const auto error = RaisedBy([] { ExecuteSQL("Update t_ICItem Set FModel='M9'"); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Source(), "ORVMReport.ClsReport:ExecuteSQL");
-  EXPECT_THAT(error->Description(), testing::HasSubstr("locked"));
+  EXPECT_THAT(error->Description(), testing::HasSubstr("Lock request time out period exceeded."));
   ASSERT_EQ(sqlite3_exec(other.Connection(), "ROLLBACK", nullptr, nullptr, nullptr), SQLITE_OK);
   ExecuteSQL("Update t_ICItem Set FModel='M9'");
 }

@@ -203,7 +203,10 @@ TEST_F(PlanProfileTest, ASaveWhileAnotherProgramWritesIsToldAsAnError) {
   const accountset::AccountSet other = OpenAgain();
   ASSERT_EQ(sqlite3_exec(other.Connection(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_busy_timeout(account_set_->Connection(), 0);
-  EXPECT_THAT(DescriptionRaisedBy([] { Save("A", {{"BDate", "1"}}); }), testing::HasSubstr("locked"));
+  EXPECT_THAT(DescriptionRaisedBy([] {
+                Save("A", {{"BDate", "1"}});
+              }),
+              testing::HasSubstr("another program is writing to it"));
   ASSERT_EQ(sqlite3_exec(other.Connection(), "ROLLBACK", nullptr, nullptr, nullptr), SQLITE_OK);
   Save("A", {{"BDate", "1"}});
   EXPECT_THAT(Values("A"), ElementsAre("BDate=1"));
