@@ -21,6 +21,7 @@ constexpr Registration kObjects[] = {
     {"ORVEBCGLView.GLData", MakeGLData},
     {"ORVEBSGLItem.ItemInfo", MakeItemInfo},
     {"ORVMPurchaseRpt.Data", MakePurchaseData},
+    {"ORVMShopRpt.Data", MakeShopData},
     {"ORVMClass.ClassInfo", MakeClassInfo},
     {"ORVListServer.clsListServer", MakeListServer},
     {"ORVMCaculateRpt.Data", MakeCalculatedData},

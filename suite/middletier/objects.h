@@ -14,6 +14,7 @@ ObjectRef MakeAppConnection(ServerRef server);  // ORVConnection.AppConnection: 
 ObjectRef MakeGLData(ServerRef server);         // ORVEBCGLView.GLData: field rights and the log
 ObjectRef MakeItemInfo(ServerRef server);       // ORVEBSGLItem.ItemInfo: data rights
 ObjectRef MakePurchaseData(ServerRef server);   // ORVMPurchaseRpt.Data: free reads
+ObjectRef MakeShopData(ServerRef server);       // ORVMShopRpt.Data: free reads
 ObjectRef MakeClassInfo(ServerRef server);      // ORVMClass.ClassInfo: free reads
 ObjectRef MakeListServer(ServerRef server);     // ORVListServer.clsListServer: free reads for the host
 ObjectRef MakeCalculatedData(ServerRef server);  // ORVMCaculateRpt.Data: the period reports
