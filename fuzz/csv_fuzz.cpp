@@ -1,21 +1,16 @@
 // Any bytes as a file of invoice lines: every line is read or told to be damaged, none is lost, and none is
 // read twice.
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "suite/accountset/shop/csv_reader.h"
 #include "suite/accountset/shop/invoice_line.h"
 
 namespace {
 
 namespace shop = salerpt::accountset::shop;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
+using salerpt::fuzz::Require;
 
 void CheckLine(const shop::CsvRecord& record) {
   shop::InvoiceLine line;
@@ -35,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   // The first byte says in how large pieces the others come.
   const std::size_t step = std::size_t{data[0]} + 1;
-  std::string_view rest(reinterpret_cast<const char*>(data) + 1, size - 1);
+  std::string_view rest = salerpt::fuzz::AsText(data + 1, size - 1);
   const auto lines =
       std::count(rest.begin(), rest.end(), '\n') + (rest.empty() || rest.back() == '\n' ? 0 : 1);
   shop::CsvReader reader([&](char* buffer, std::size_t room) {

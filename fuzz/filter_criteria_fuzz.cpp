@@ -1,12 +1,11 @@
 // Any text as the filter of a row set: it is refused with a run-time error, or gives the same rows by index
 // and by scan.
-#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/require.h"
 #include "runtime/recordset.h"
 #include "runtime/text.h"
 
@@ -15,6 +14,7 @@ namespace {
 using salerpt::FieldType;
 using salerpt::Recordset;
 using salerpt::RecordsetRef;
+using salerpt::fuzz::Require;
 
 RecordsetRef SampleSet() {
   RecordsetRef set = salerpt::MakeRecordset();
@@ -44,7 +44,7 @@ std::vector<std::int32_t> PassingRows(Recordset& set, std::string_view filter) {
       cells.push_back(set.IsNull(field) ? -1 : set.Value(field).ToInt32());
     }
   }
-  if (static_cast<std::size_t>(set.RecordCount()) * 7 != cells.size()) std::abort();
+  Require(static_cast<std::size_t>(set.RecordCount()) * 7 == cells.size());
   return cells;
 }
 
@@ -52,7 +52,7 @@ std::vector<std::int32_t> PassingRows(Recordset& set, std::string_view filter) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const RecordsetRef set = SampleSet();
-  const std::string filter(reinterpret_cast<const char*>(data), size);
+  const std::string filter(salerpt::fuzz::AsText(data, size));
   std::vector<std::int32_t> cells;
   try {
     cells = PassingRows(*set, filter);
@@ -62,9 +62,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (set->Filter().empty()) return 0;
   // An alternative is served by a scan. Its brackets may be the ones too many.
   try {
-    if (PassingRows(*set, salerpt::Join("(", filter, ") Or (", filter, ")")) != cells) std::abort();
+    Require(PassingRows(*set, salerpt::Join("(", filter, ") Or (", filter, ")")) == cells);
   } catch (const salerpt::RuntimeError&) {
-    if (filter.find("((((((((") == std::string::npos) std::abort();
+    Require(filter.find("((((((((") != std::string::npos);
   }
   return 0;
 }

@@ -1,10 +1,8 @@
 // Any text as a property string: it is read or refused, and what was read can be asked for.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.h"
 #include "runtime/error.h"
 #include "runtime/mparse.h"
 
@@ -12,10 +10,7 @@ namespace {
 
 using salerpt::PropertyCollection;
 using salerpt::RuntimeError;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
+using salerpt::fuzz::Require;
 
 // The pieces of a text and the separators between them are the text.
 void CheckCutting(std::string_view text) {
@@ -41,7 +36,7 @@ void CheckRoundTrip(std::string_view value) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  const std::string_view text = salerpt::fuzz::AsText(data, size);
   CheckCutting(text);
   CheckRoundTrip(text);
   PropertyCollection properties;

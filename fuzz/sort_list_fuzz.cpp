@@ -1,23 +1,18 @@
 // Any text as the order of a list: it is read or refused, and what was read, written anew, reads the same.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/require.h"
 #include "runtime/error.h"
 #include "suite/middletier/sort_list.h"
 
 namespace {
 
 using salerpt::RuntimeError;
+using salerpt::fuzz::Require;
 using salerpt::middletier::ReadSortList;
 using salerpt::middletier::SortTerm;
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 std::string Written(const std::vector<SortTerm>& terms) {
   std::string text;
@@ -39,7 +34,7 @@ bool HasNamelessTerm(const std::vector<SortTerm>& terms) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
-    const auto terms = ReadSortList({reinterpret_cast<const char*>(data), size});
+    const auto terms = ReadSortList(salerpt::fuzz::AsText(data, size));
     // Between two commas stands a term without a name, whose direction would read as one.
     if (HasNamelessTerm(terms)) return 0;
     const auto again = ReadSortList(Written(terms));

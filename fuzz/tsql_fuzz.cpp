@@ -1,14 +1,13 @@
-// Feeds batches to the T-SQL engine: no batch may crash it, hang it or leave the connection in a transaction.
+// Any text as a batch of the T-SQL engine: no batch may crash it, hang it, leave the connection in a
+// transaction, or keep the session from running the next one.
 #include <sqlite3.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
-
+#include "fuzz/require.h"
 #include "suite/tsql/session.h"
 
 namespace {
+
+using salerpt::fuzz::Require;
 
 constexpr const char* kSchema =
     "CREATE TABLE Item(FItemID INTEGER PRIMARY KEY, FNumber VARCHAR(20) COLLATE NOCASE, FQty DECIMAL(23,10), "
@@ -49,14 +48,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     session.SetStatementLimit(100);
     Rows rows;
     try {
-      session.Execute(std::string_view(reinterpret_cast<const char*>(data), size), rows);
+      session.Execute(salerpt::fuzz::AsText(data, size), rows);
     } catch (const salerpt::tsql::TsqlError& error) {
-      if (error.Description().empty()) std::abort();
+      Require(!error.Description().empty());
     }
-    if (sqlite3_get_autocommit(connection) == 0) std::abort();
+    Require(sqlite3_get_autocommit(connection) != 0);
     rounds = -1'000'000;
     session.DropTemporaryTables();
+    Rows answer;
+    session.Execute("DECLARE @a int SET @a = 41 SELECT @a + 1 AS FAnswer INTO #t SELECT FAnswer FROM #t",
+                    answer);
+    Require(answer.size == 2);
+    session.DropTemporaryTables();
   }
-  if (sqlite3_close(connection) != SQLITE_OK) std::abort();
+  Require(sqlite3_close(connection) == SQLITE_OK);
   return 0;
 }
