@@ -128,7 +128,7 @@ void BM_IncomeDetail(benchmark::State& state) {
   const auto count = static_cast<double>(rows->RecordCount());
   state.counters["bytes_a_row_beyond_texts"] = static_cast<double>(rows->CellBytes()) / count;
 }
-BENCHMARK(BM_IncomeDetail)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_IncomeDetail)->Unit(benchmark::kMillisecond);
 
 void BM_PeerSqliteSixColumns(benchmark::State& state) {
   for (auto _ : state) {
@@ -153,6 +153,6 @@ void BM_PeerSqliteSixColumns(benchmark::State& state) {
     sqlite3_close(db);
   }
 }
-BENCHMARK(BM_PeerSqliteSixColumns)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_PeerSqliteSixColumns)->Unit(benchmark::kMillisecond);
 
 }  // namespace

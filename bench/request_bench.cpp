@@ -1,13 +1,16 @@
-// Building a request of each report, from the host's call to the middle tier's: title, condition, columns,
-// batch. The middle tier is a recorder that drops what it gets. The peer appends 37 KB of text, the size of a
-// large batch, in pieces of 100 characters.
+// Building a request of each report in each of its modes, from the host's call to the middle tier's: title,
+// condition, columns, batch. The middle tier counts the text that it gets and drops it. The peer appends 37
+// KB of text, the size of a large batch, in pieces of 100 characters.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <new>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "dialogs/tables/tables.h"
 #include "dialogs/unattended.h"
@@ -15,9 +18,9 @@
 #include "runtime/dictionary.h"
 #include "runtime/mparse.h"
 #include "runtime/recordset.h"
+#include "runtime/report_class.h"
 #include "runtime/runtime.h"
 #include "sqltoolkit/report_header.h"
-#include "tests/runtime/fake_object.h"
 
 namespace {
 
@@ -65,14 +68,31 @@ using salerpt::Call;
 using salerpt::ObjectRef;
 using salerpt::Runtime;
 using salerpt::Variant;
-using salerpt::testing::RegisterFake;
+
+// Text of the calls that carry requests, where it is counted at all.
+struct {
+  bool counts = false;
+  std::size_t bytes = 0;
+} sent;
+
+std::size_t BytesOf(const Variant& value) {
+  if (value.IsText()) return value.TextOrEmpty().size();
+  if (!value.IsObject()) return 0;
+  const auto keys = salerpt::As<salerpt::Dictionary>(value);
+  std::size_t bytes = 0;
+  for (const auto& [key, held] : keys->Entries()) bytes += BytesOf(held);
+  return bytes;
+}
 
 // The middle tier's answers without the recording.
 class SilentData final : public salerpt::Object {
  public:
   [[nodiscard]] std::string_view ClassName() const override { return "ORVMSaleRpt.Data"; }
-  Variant Invoke(std::string_view member, salerpt::InvokeKind, salerpt::Arguments) override {
+  Variant Invoke(std::string_view member, salerpt::InvokeKind, salerpt::Arguments arguments) override {
     batch.Pause();
+    if (sent.counts) {
+      for (const Variant& argument : arguments) sent.bytes += BytesOf(argument);
+    }
     static const salerpt::RecordsetRef rows = [] {
       auto set = salerpt::MakeRecordset();
       set->AppendField("FSumSort", salerpt::FieldType::kInteger, 0);
@@ -115,6 +135,30 @@ class SilentProps final : public salerpt::Object {
   }
 };
 
+// An object of one operation, or of several that answer alike.
+class Silent final : public salerpt::Object {
+ public:
+  using Answer = std::function<Variant(salerpt::Arguments)>;
+  explicit Silent(Answer answer) : answer_(std::move(answer)) {}
+  [[nodiscard]] std::string_view ClassName() const override { return "Silent"; }
+  Variant Invoke(std::string_view, salerpt::InvokeKind, salerpt::Arguments arguments) override {
+    return answer_(arguments);
+  }
+
+ private:
+  Answer answer_;
+};
+
+// Twelve periods a year; every other setting 0.
+Variant Setting(salerpt::Arguments arguments) {
+  return std::int32_t{arguments.back().TextOrEmpty() == "PeriodCount" ? 12 : 0};
+}
+// The formula of the credit reports.
+Variant GiveFormula(salerpt::Arguments arguments) {
+  salerpt::As<salerpt::Dictionary>(arguments.back())->Set("Sql", "Select 1");
+  return {};
+}
+
 // What the fourteen columns that every grouping shows cost.
 std::size_t CommonColumnAllocations() {
   salerpt::Vector header;
@@ -137,10 +181,23 @@ struct World {
     runtime.Register("ORVEBCGLView.GLData", [] { return std::make_shared<SilentTrue>(); });
     runtime.Register("ORVConnection.AppConnection", [] { return std::make_shared<SilentRows>(); });
     runtime.Register("ORVMPurchaseRpt.Data", [] { return std::make_shared<SilentRows>(); });
-    RegisterFake(runtime, "ORVEBSBase.SystemProfile")->Gives("GetProfile", 0);
-    RegisterFake(runtime, "ORVEBSGLItem.ItemInfo")->Gives("GetDataRight", true);
+    runtime.Register("ORVMCaculateRpt.Data", [] { return std::make_shared<SilentData>(); });
+    RegisterSilent("ORVEBSBase.SystemProfile", Setting);
+    RegisterSilent("ORVEBSGLItem.ItemInfo", [](salerpt::Arguments) -> Variant { return true; });
+    RegisterSilent("ORVMSaleCredit.clsGetData", GiveFormula);
+  }
+  void RegisterSilent(const char* prog_id, const Silent::Answer& answer) {
+    runtime.Register(prog_id, [object = std::make_shared<Silent>(answer)] { return object; });
   }
 };
+
+// One more call, whose text is counted.
+double SentBytes(const ObjectRef& report) {
+  sent = {true, 0};
+  Call(report, "GetReportData");
+  sent.counts = false;
+  return static_cast<double>(sent.bytes);
+}
 
 void RequireSuccess(benchmark::State& state, const ObjectRef& report) {
   const auto result = salerpt::As<salerpt::Dictionary>(GetMember(report, "Result"));
@@ -171,6 +228,7 @@ void BM_OutboundSummary(benchmark::State& state) {
     most_of_batch = std::max(most_of_batch, batch.total - columns);
   }
   RequireSuccess(state, report);
+  state.counters["sent_bytes"] = SentBytes(report);
   state.counters["allocations"] = static_cast<double>(most);
   state.counters["of_batch"] = static_cast<double>(most_of_batch);
 }
@@ -178,40 +236,41 @@ BENCHMARK(BM_OutboundSummary)
     ->ArgNames({"SumMode", "ordered"})
     ->ArgsProduct({{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, {0, 1}});
 
-// Any other report: class, and the row of "sum by", 0 for the report without grouping.
+// Any other report: class, and the row of "sum by", 0 for the report without grouping. What its dialog does
+// not have of the days and periods stands in the filter unread.
 constexpr int kNoGroups = -1;  // the dialog does not group
-void BM_Request(benchmark::State& state, const char* class_name, const char* dialog_name, int sum_mode) {
+void BM_Request(benchmark::State& state, const salerpt::ReportClass& report_class, int sum_mode) {
   World world;
-  const ObjectRef report = salerpt::CreateObject(salerpt::Join("ORVSaleRpt.", class_name));
-  std::vector<salerpt::Dictionary::Entry> chosen = {{"BDate", "2024-01-01"}, {"EDate", "2024-12-31"}};
+  const ObjectRef report = salerpt::CreateObject(salerpt::ReportProgID(report_class.name));
+  std::vector<salerpt::Dictionary::Entry> chosen = {
+      {"BDate", "2024-01-01"}, {"EDate", "2024-12-31"}, {"FDate", "2024-12-31"}, {"BYear", "2024"},
+      {"BPeriod", "6"},        {"EYear", "2024"},       {"EPeriod", "6"}};
   if (sum_mode != kNoGroups) chosen.push_back({"GroupBy", std::int32_t{sum_mode == 0 ? 0 : 1}});
   if (sum_mode > 0) chosen.push_back({"SumMode", std::int32_t{sum_mode}});
-  SetMember(report, "Filter", salerpt::ConfirmedFilter(dialog_name, chosen));
+  SetMember(report, "Filter", salerpt::ConfirmedFilter(report_class.dialog, chosen));
   for (auto _ : state) Call(report, "GetReportData");
   RequireSuccess(state, report);
+  state.counters["sent_bytes"] = SentBytes(report);
 }
 
+// The analyses group as the filter tells, though no control of their dialogs does.
+constexpr std::string_view kAnalyses[] = {"Rpt140", "Rpt142", "Rpt143"};
+constexpr int kAnalysisModes[] = {1, 2, 4};
+
 const bool kRegistered = [] {
-  struct Case {
-    const char* class_name;
-    const char* dialog;
-  };
-  constexpr Case kCases[] = {
-      {"Rpt126", "frmFirter126"}, {"Rpt129", "frmFirter129"},   {"Rpt133", "frmFirter126"},
-      {"Rpt134", "frmFirter134"}, {"Rpt135", "frmFirter135"},   {"Rpt176", "frmFirter176"},
-      {"Rpt301", "frmFirter301"}, {"Rpt302", "frmFirter302"},   {"Rpt303", "FrmFilter303"},
-      {"Rpt136", "frmFirter136"}, {"Rpt137", "frmFirter137"},   {"Rpt138", "frmFirter138"},
-      {"Rpt139", "FrmFilter139"}, {"Rpt189", "frmFilter189"},   {"Rpt192", "frmFilter192"},
-      {"Rpt300", "frmFirter300"}, {"Rpt1010", "frmFirter1010"},
-  };
-  for (const auto& [class_name, dialog] : kCases) {
+  for (const salerpt::ReportClass& report_class : salerpt::ReportClasses()) {
+    if (report_class.name == "Rpt128") continue;
     const auto add = [&](int sum_mode) {
-      benchmark::RegisterBenchmark(salerpt::Join("BM_Request/", class_name, "/SumMode:", sum_mode).c_str(),
-                                   BM_Request, class_name, dialog, sum_mode);
+      benchmark::RegisterBenchmark(
+          salerpt::Join("BM_Request/", report_class.name, "/SumMode:", sum_mode).c_str(), BM_Request,
+          report_class, sum_mode);
     };
-    const salerpt::DialogTable* table = salerpt::FindDialogTable(dialog);
+    const salerpt::DialogTable* table = salerpt::FindDialogTable(report_class.dialog);
     if (table == nullptr || table->group_by == nullptr) {
       add(kNoGroups);
+      if (std::ranges::find(kAnalyses, report_class.name) != std::end(kAnalyses)) {
+        for (const int mode : kAnalysisModes) add(mode);
+      }
       continue;
     }
     add(0);

@@ -15,6 +15,7 @@
 #include <sstream>
 #include <string>
 
+#include "bench/by_hand.h"
 #include "dialogs/unattended.h"
 #include "reports/reports.h"
 #include "runtime/dictionary.h"
@@ -44,7 +45,7 @@ void BM_Import(benchmark::State& state) {
   }
   fs::remove(db);
 }
-BENCHMARK(BM_Import)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Import)->Unit(benchmark::kMillisecond);
 
 // Unpacks the file and puts each line, cut at its commas without regard to quotes, into one table of eight
 // columns.
@@ -80,7 +81,7 @@ void BM_PeerBareLoad(benchmark::State& state) {
   }
   fs::remove(db);
 }
-BENCHMARK(BM_PeerBareLoad)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_PeerBareLoad)->Unit(benchmark::kMillisecond);
 
 // The imported shop, made once for all measurements and removed at the end.
 class Shop {
@@ -129,82 +130,25 @@ void BM_OutboundByCustomerClass(benchmark::State& state) {
   if (!rows) return state.SkipWithError("the report failed");
   state.counters["rows"] = rows->RecordCount();
 }
-BENCHMARK(BM_OutboundByCustomerClass)
-    ->ArgName("OnlyShowSum")
-    ->Arg(0)
-    ->Arg(1)
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+BENCHMARK(BM_OutboundByCustomerClass)->ArgName("OnlyShowSum")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
-// The finest group is summed once and the higher levels from it; the rows carry the item's master data and
-// come in order.
-constexpr const char* kCascade = R"sql(
-create temp table fine as
-select c.FName FName1, i.FNumber FNumber, sum(OutQty) OutQty, sum(OutAmount) OutAmount, sum(ConsignAmount) ConsignAmount,
-       sum(InvoiceQty) InvoiceQty, sum(InvoiceAmount) InvoiceAmount, sum(OutQty/u.FCoefficient) CUOutQty,
-       sum(InvoiceQty/u.FCoefficient) CUInvoiceQty
-from (select e.FItemID, b.FSupplyID FCustID, e.FQty OutQty, round(e.FAmount,3) OutAmount,
-             round(e.FConsignAmount,3) ConsignAmount, 0 InvoiceQty, 0 InvoiceAmount
-      from ICStockBill b join ICStockBillEntry e on b.FInterID=e.FInterID
-      where b.FTranType=21 and b.FStatus>0 and b.FCancelLation=0 and b.FDate>='2010-01-01' and b.FDate<'2012-01-01'
-      union all
-      select e.FItemID, b.FCustID, 0, 0, 0, e.FQty,
-             round(case b.FTranType when 80 then e.FAmount else e.FAmount-e.FTaxAmount end*b.FExchangeRate,3)
-      from ICSale b join ICSaleEntry e on b.FInterID=e.FInterID
-      where b.FTranType in (80,86) and b.FStatus>0 and b.FCancelLation=0 and b.FDate>='2010-01-01' and b.FDate<'2012-01-01') d
-join t_ICItem i on d.FItemID=i.FItemID
-join t_MeasureUnit u on i.FSaleUnitID=u.FMeasureUnitID
-join t_Item o on d.FCustID=o.FItemID
-join t_Item c on o.FParentID=c.FItemID
-group by c.FName, i.FNumber;
-create temp table report as
-select FName1, FNumber, OutQty, OutAmount, ConsignAmount, InvoiceQty, InvoiceAmount, CUOutQty, CUInvoiceQty, 0 FSumSort from fine
-union all
-select FName1, null, sum(OutQty), sum(OutAmount), sum(ConsignAmount), sum(InvoiceQty), sum(InvoiceAmount), sum(CUOutQty),
-       sum(CUInvoiceQty), 107 from fine group by FName1
-union all
-select null, null, sum(OutQty), sum(OutAmount), sum(ConsignAmount), sum(InvoiceQty), sum(InvoiceAmount), sum(CUOutQty),
-       sum(CUInvoiceQty), 101 from fine;
-)sql";
-constexpr const char* kCascadeRows = R"sql(
-select r.*, OutQty-InvoiceQty, OutAmount-InvoiceAmount, CUOutQty-CUInvoiceQty, i.FShortNumber, i.FName, i.FModel, u.FName
-from report r left join t_ICItem i on r.FNumber=i.FNumber left join t_MeasureUnit u on i.FUnitID=u.FMeasureUnitID
-order by r.FName1 is null, r.FName1, r.FNumber is null, r.FNumber;
-)sql";
-
-// A query written by hand: `tables` makes temporary tables, which `drops` drops,
-// `rows_of` reads the rows.
-void RunByHand(benchmark::State& state, const char* tables, const char* rows_of, const char* drops) {
+void RunByHand(benchmark::State& state, const salerpt::bench::QueryByHand& query) {
   if (!fs::exists(kShop)) return state.SkipWithError("the shop's data is not at hand");
   sqlite3* connection = nullptr;
   sqlite3_open(Shop::File().c_str(), &connection);
   sqlite3_exec(connection, "pragma temp_store=memory", nullptr, nullptr, nullptr);
-  double rows = 0;
-  for (auto _ : state) {
-    char* error = nullptr;
-    if (sqlite3_exec(connection, tables, nullptr, nullptr, &error) != SQLITE_OK) {
-      state.SkipWithError(error);
-      break;
-    }
-    sqlite3_stmt* select = nullptr;
-    sqlite3_prepare_v2(connection, rows_of, -1, &select, nullptr);
-    rows = 0;
-    while (sqlite3_step(select) == SQLITE_ROW) {
-      for (int i = 0; i < sqlite3_column_count(select); ++i)
-        benchmark::DoNotOptimize(sqlite3_column_text(select, i));
-      ++rows;
-    }
-    sqlite3_finalize(select);
-    sqlite3_exec(connection, drops, nullptr, nullptr, nullptr);
-  }
-  state.counters["rows"] = rows;
+  std::string error;
+  std::int64_t rows = 0;
+  for (auto _ : state) rows = salerpt::bench::RunByHand(connection, query, error);
   sqlite3_close(connection);
+  if (!error.empty()) return state.SkipWithError(error.c_str());
+  state.counters["rows"] = static_cast<double>(rows);
 }
 
 void BM_PeerCascadeByHand(benchmark::State& state) {
-  RunByHand(state, kCascade, kCascadeRows, "drop table fine; drop table report");
+  RunByHand(state, salerpt::bench::kOutboundByCustomerClass);
 }
-BENCHMARK(BM_PeerCascadeByHand)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_PeerCascadeByHand)->Unit(benchmark::kMillisecond);
 
 void BM_IncomeByItem(benchmark::State& state) {
   if (!fs::exists(kShop)) return state.SkipWithError("the shop's data is not at hand");
@@ -220,38 +164,12 @@ void BM_IncomeByItem(benchmark::State& state) {
   if (!rows) return state.SkipWithError("the report failed");
   state.counters["rows"] = rows->RecordCount();
 }
-BENCHMARK(BM_IncomeByItem)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-// The same columns: quantity in two units, income, tax, both, price and rate, item master data, total row
-// last.
-constexpr const char* kIncome = R"sql(
-create temp table report as
-select i.FNumber FNumber, i.FShortNumber FShortNumber, i.FName FName, i.FModel FModel, u.FName FUnitName,
-       sum(round(e.FQty,i.FQtyDecimal)) FQty, c.FName FCUUnitName,
-       sum(round(e.FQty*1.0/(case when ifnull(c.FCoefficient,0)=0 then 1 else c.FCoefficient end),i.FQtyDecimal)) FCUUnitQty,
-       sum(round(case b.FTranType when 80 then e.FStdAmount else e.FStdAmount-e.FStdTaxAmount end,3)) FAmount,
-       sum(round(e.FStdTaxAmount,3)) FTaxAmount,
-       sum(round(case b.FTranType when 80 then e.FStdAmount+e.FStdTaxAmount else e.FStdAmount end,3)) FCountAmount
-from ICSale b join ICSaleEntry e on b.FInterID=e.FInterID
-left join t_ICItem i on e.FItemID=i.FItemID
-left join t_Organization o on b.FCustID=o.FItemID
-left join t_MeasureUnit u on i.FUnitGroupID=u.FUnitGroupID and u.FStandard=1
-left join t_MeasureUnit c on i.FCUUnitID=c.FMeasureUnitID
-where b.FTranType in (80,86) and b.FStatus>0 and b.FCancelLation=0 and b.FDate>='2010-01-01' and b.FDate<'2012-01-01'
-group by i.FNumber;
-)sql";
-constexpr const char* kIncomeRows = R"sql(
-select r.*, FAmount/FQty, 100*FTaxAmount/FAmount, 0 FSumSort from report r
-union all
-select '合计', null, null, null, null, sum(FQty), null, sum(FCUUnitQty), sum(FAmount), sum(FTaxAmount), sum(FCountAmount), null, null, 101
-from report
-order by 14, 1;
-)sql";
+BENCHMARK(BM_IncomeByItem)->Unit(benchmark::kMillisecond);
 
 void BM_PeerIncomeByHand(benchmark::State& state) {
-  RunByHand(state, kIncome, kIncomeRows, "drop table report");
+  RunByHand(state, salerpt::bench::kIncomeByItem);
 }
-BENCHMARK(BM_PeerIncomeByHand)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_PeerIncomeByHand)->Unit(benchmark::kMillisecond);
 
 // What a process needs at most beyond what it had before: pages of the file, temporary tables, rows.
 struct Footprint {
@@ -309,6 +227,11 @@ void BM_OutboundDetail(benchmark::State& state) {
   }
   shorter = footprint;
 }
-BENCHMARK(BM_OutboundDetail)->DenseRange(0, 3)->Iterations(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_OutboundDetail)
+    ->DenseRange(0, 3)
+    ->Iterations(1)
+    ->Repetitions(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -74,7 +74,7 @@ void BM_Workbook(benchmark::State& state) {
   }
   fs::remove(file);
 }
-BENCHMARK(BM_Workbook)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_Workbook)->Unit(benchmark::kMillisecond);
 
 void BM_PeerBareWorkbook(benchmark::State& state) {
   const salerpt::RecordsetRef rows = MakeRows();
@@ -101,6 +101,6 @@ void BM_PeerBareWorkbook(benchmark::State& state) {
   }
   fs::remove(file);
 }
-BENCHMARK(BM_PeerBareWorkbook)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_PeerBareWorkbook)->Unit(benchmark::kMillisecond);
 
 }  // namespace
