@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "dialogs/ignoring.h"
-#include "runtime/base_data.h"
+#include "dialogs/look_up.h"
 #include "runtime/form_services.h"
 #include "runtime/mparse.h"
 #include "runtime/mrpt.h"
@@ -32,12 +32,6 @@ constexpr std::array<std::string_view, 4> kCreditTypes = {"销售合同", "销�
 
 const CreditObjectRow& CreditObjectAt(int index) {
   return kCreditObjects.at(static_cast<std::size_t>(index));
-}
-
-// The code in use of what the user picked.
-std::string CodeInUse(const ObjectRef& picked) {
-  return (IsLongNumber() ? GetMember(picked, "Number") : Call(picked, "Properties", "FShortNumber"))
-      .TextOrEmpty();
 }
 
 // No apostrophe can be typed into a code; Enter moves on.
@@ -168,12 +162,10 @@ std::int32_t CreditDialog::CreditObjectClass() const {
 
 // A look-up never reports a failure: the field then stays.
 void CreditDialog::OpenLookUp(int index) {
-  constexpr std::int16_t kAllOfTheClass = 1;
   TextBox& field = CodeField(index);
   Ignoring([&] {
-    const ObjectRef look_up = LookupBaseData(LookUpClass(index), field.Text(), "", kAllOfTheClass);
-    if (!look_up) return;
-    const ObjectRef picked = GetMember(look_up, "ReturnObject").ToObject();
+    const ObjectRef picked = PickBaseData(LookUpClass(index), field.Text());
+    if (!picked) return;
     field.SetText(CodeInUse(picked));
     OnPicked(index, picked);
   });

@@ -29,13 +29,6 @@ Code Quietly(F&& look_up) {
   }
 }
 
-// What the user picked of a base-data class; nothing where he cancelled.
-ObjectRef PickBaseData(std::int32_t item_class_id, std::string_view search, std::string_view condition) {
-  constexpr std::int16_t kDataType = 1;
-  const ObjectRef look_up = LookupBaseData(item_class_id, search, condition, kDataType);
-  return look_up ? GetMember(look_up, "ReturnObject").ToObject() : nullptr;
-}
-
 // The id of the bill chosen in a list, 0 where there is none.
 std::int32_t ChosenBill(ListForm& form) {
   const VectorRef rows = form.Selected();
@@ -96,12 +89,22 @@ std::string BatchCondition(std::string_view begin_item, std::string_view end_ite
 
 }  // namespace
 
+ObjectRef PickBaseData(std::int32_t item_class_id, std::string_view search, std::string_view condition) {
+  constexpr std::int16_t kDataType = 1;
+  const ObjectRef look_up = LookupBaseData(item_class_id, search, condition, kDataType);
+  return look_up ? GetMember(look_up, "ReturnObject").ToObject() : nullptr;
+}
+
+std::string CodeInUse(const ObjectRef& picked) {
+  return (IsLongNumber() ? GetMember(picked, "Number") : Call(picked, "Properties", "FShortNumber"))
+      .TextOrEmpty();
+}
+
 Code LookUpCode(std::int32_t item_class_id, std::string_view search, std::string_view condition) {
   return Quietly([=]() -> Code {
     const ObjectRef picked = PickBaseData(item_class_id, search, condition);
     if (!picked) return std::nullopt;
-    if (IsLongNumber()) return GetMember(picked, "Number").TextOrEmpty();
-    return Call(picked, "Properties", "FShortNumber").TextOrEmpty();
+    return CodeInUse(picked);
   });
 }
 

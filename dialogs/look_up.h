@@ -11,6 +11,11 @@
 
 namespace salerpt {
 
+// What the user picked of a base-data class; null where he cancelled. Raises what the look-up raises.
+ObjectRef PickBaseData(std::int32_t item_class_id, std::string_view search, std::string_view condition = "");
+// The code in use of it.
+std::string CodeInUse(const ObjectRef& picked);
+
 // The code of what a base-data look-up gave back: the code in use. `condition` narrows the look-up. Nothing
 // where the user cancelled.
 std::optional<std::string> LookUpCode(std::int32_t item_class_id, std::string_view search,

@@ -96,13 +96,10 @@ void TableDialog::MakeCodeFields() {
       const auto look_up = [this, &range, index] {
         OpenLookUp(range, index);
         Runtime::Current().GetToolkit().DoEvents();
-        look_up_key_ = 0;
       };
       form_.Add<Button>(ControlName("cmdItem", index)).Click.Connect(look_up);
-      field.KeyDown.Connect([this, look_up](KeyStroke& key) {
-        if (key.code != key_code::kF7 && key.code != key_code::kF8) return;
-        look_up_key_ = key.code;
-        look_up();
+      field.KeyDown.Connect([look_up](KeyStroke& key) {
+        if (key.code == key_code::kF7 || key.code == key_code::kF8) look_up();
       });
       field.GotFocus.Connect([this, &range, &field] {
         if (name_list_) name_list_->Enter(field, range.item_class_id);

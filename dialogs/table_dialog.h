@@ -138,8 +138,6 @@ class TableDialog : public FormDialog, public PlanOwner {
   std::int16_t status_visible_ = -1;
   std::int32_t status_value_ = 0;
   bool loaded_ = false;
-  // The function key that opened a look-up; cleared behind it.
-  std::int32_t look_up_key_ = 0;
 };
 
 }  // namespace salerpt

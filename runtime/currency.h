@@ -24,6 +24,7 @@ class Currency {
   // A decimal text, such as "-12.5" or "1e3". Raises type mismatch for a text that is no number.
   static Currency FromText(std::string_view text);
 
+  // In ten-thousandths.
   [[nodiscard]] constexpr std::int64_t Scaled() const { return scaled_; }
   [[nodiscard]] double ToDouble() const;
   // Plain decimal digits without trailing zeros: "12.5", "-3", "0.0001".

@@ -19,7 +19,9 @@ class Date {
   // text.
   static std::optional<Date> Parse(std::string_view text);
 
+  // Days since 1899-12-30, as the automation date type holds them.
   [[nodiscard]] constexpr double Serial() const { return serial_; }
+  // The calendar's parts, to the nearest second. Raises overflow outside of the years 100 to 9999.
   struct Parts {
     int year, month, day, hour, minute, second;
   };

@@ -17,15 +17,19 @@ class Event {
   using Handler = std::function<void(Args...)>;
   using Token = std::uint32_t;
 
+  // The handler is called at each raise from the next one on. The token takes it away again.
   Token Connect(Handler handler) {
     handlers_.push_back({++last_, std::move(handler)});
     return last_;
   }
+  // A token that is not connected, or no more, is left alone.
   void Disconnect(Token token) {
     for (Slot& slot : handlers_) {
       if (slot.token == token) slot.handler = nullptr;
     }
   }
+  // Calls every handler; an error that one raises goes on to the caller, and the handlers behind it are not
+  // called.
   void Raise(Args... args) {
     const std::size_t count = handlers_.size();
     ++depth_;

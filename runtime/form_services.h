@@ -15,8 +15,11 @@ namespace salerpt {
 class ComboBox {
  public:
   virtual ~ComboBox() = default;
+  // Takes all rows away.
   virtual void Clear() = 0;
+  // Appends a row: what the user reads, and the code that the row stands for.
   virtual void AddItem(std::string_view text, std::int32_t item_data) = 0;
+  // Selects a row by its number, from 0; -1 selects none.
   virtual void SetListIndex(std::int32_t index) = 0;
 };
 
@@ -24,7 +27,9 @@ class ComboBox {
 class Control {
  public:
   virtual ~Control() = default;
+  // The control's type, such as "TextBox" or "ComboBox".
   [[nodiscard]] virtual std::string_view TypeName() const = 0;
+  // Called for text boxes only.
   virtual void SetText(std::string_view text) = 0;
 };
 

@@ -30,6 +30,7 @@ class ProgressForm {
   void Unload();
   [[nodiscard]] bool IsUnloaded() const { return unloaded_; }
 
+  // What there is to draw: the last message, and the bar between its bounds.
   [[nodiscard]] const std::string& Message() const { return message_; }
   [[nodiscard]] std::int32_t Min() const { return min_; }
   [[nodiscard]] std::int32_t Max() const { return max_; }

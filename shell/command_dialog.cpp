@@ -10,7 +10,7 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct DialogOptions {
   std::string dialog;
   std::string case_file;
 };
@@ -24,7 +24,7 @@ bool IsRefused(const Json& answer, const DialogCase& dialog_case) {
   return !answer.at("closed").get<bool>() && !dialog_case.steps.empty() && confirms(dialog_case.steps.back());
 }
 
-void RunDialogCommand(const Options& options, Shell& shell) {
+void RunDialogCommand(const DialogOptions& options, Shell& shell) {
   // A step that cannot be done is told with the file's name too.
   const Json answer = ReadCaseFile(options.case_file, [&](const Json& document) {
     const DialogCase dialog_case = ReadDialogCase(document);
@@ -38,7 +38,7 @@ void RunDialogCommand(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddDialogCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<DialogOptions>();
   CLI::App* command = app.add_subcommand(
       "dialog", "Run a filter dialog without a screen, driven by steps, as one JSON object");
   command->add_option("DIALOG", options->dialog, "Dialog class, such as frmFirter128")->required();

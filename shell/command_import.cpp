@@ -35,12 +35,12 @@ class MessageBuffer : public std::streambuf {
   ProgressBar& bar_;
 };
 
-struct Options {
+struct ImportOptions {
   std::string db;
   std::string csv;
 };
 
-accountset::ImportReport Import(const Options& options, Shell& shell) {
+accountset::ImportReport Import(const ImportOptions& options, Shell& shell) {
   ProgressBar bar(shell.err, ProgressStyle(shell, false));
   MessageBuffer buffer(shell.err, bar);
   std::ostream rejects(&buffer);
@@ -52,7 +52,7 @@ accountset::ImportReport Import(const Options& options, Shell& shell) {
   });
 }
 
-void RunImport(const Options& options, Shell& shell) {
+void RunImport(const ImportOptions& options, Shell& shell) {
   const accountset::ImportReport report = Import(options, shell);
   shell.out << options.db << ": account set made\n"
             << "lines     " << report.lines << '\n'
@@ -65,7 +65,7 @@ void RunImport(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddImportCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<ImportOptions>();
   CLI::App* command = app.add_subcommand("import", "Load the invoice lines of a shop into a new account set");
   command->add_option("DB", options->db, "File to make; an existing one is never overwritten")->required();
   command->add_option("FILE", options->csv, "Invoice lines: FILE.csv or FILE.csv.gz")->required();

@@ -19,7 +19,7 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct InfoOptions {
   std::string db = "salerpt.db";
   std::string request_file;
   std::int16_t key = 0;
@@ -44,7 +44,7 @@ DictionaryRef ReadRequest(const std::string& file) {
   return request;
 }
 
-void AskRefresh(const Options& options, Shell& shell) {
+void AskRefresh(const InfoOptions& options, Shell& shell) {
   const DictionaryRef request = ReadRequest(options.request_file);
   const Host host(options.db, shell, ProgressBar::Style::kOff);
   const Variant answer = Call(CreateObject("ORVSaleRpt.GetInfo"), "GetRefreshFunc", request);
@@ -84,7 +84,7 @@ void PrintList(const middletier::ShownList& list, std::ostream& out) {
   grid.Write(out);
 }
 
-void PressKey(const Options& options, Shell& shell) {
+void PressKey(const InfoOptions& options, Shell& shell) {
   const Host host(options.db, shell, ProgressBar::Style::kOff,
                   [&shell](const middletier::ShownList& list) { PrintList(list, shell.out); });
   Call(CreateObject("ORVSaleRpt.GetInfo"), "IInputEventListener_OnKeyPressed", options.key, options.shift);
@@ -93,7 +93,7 @@ void PressKey(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddInfoCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<InfoOptions>();
   CLI::App* command = app.add_subcommand(
       "info", "Print what the library answers to a refresh request, or the list that a key opens");
   AddDbOption(*command, options->db);

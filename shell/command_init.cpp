@@ -12,12 +12,12 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct InitOptions {
   std::string db;
   accountset::GenerateOptions generate;
 };
 
-void RunInit(const Options& options, Shell& shell) {
+void RunInit(const InitOptions& options, Shell& shell) {
   {
     ProgressBar bar(shell.err, ProgressStyle(shell, false));
     const InterruptGuard guard;
@@ -34,7 +34,7 @@ void RunInit(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddInitCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<InitOptions>();
   CLI::App* command = app.add_subcommand("init", "Make a new account set with a made-up company");
   command->add_option("DB", options->db, "File to make; an existing one is never overwritten")->required();
   command->add_option("--seed", options->generate.seed, "The same seed gives the same company")

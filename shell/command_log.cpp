@@ -12,7 +12,7 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct LogOptions {
   std::string db = "salerpt.db";
   std::string format = "table";
 };
@@ -25,7 +25,7 @@ constexpr std::string_view kLog =
     "Left Join t_User u On l.FUserID=u.FUserID\r\n"
     "Order By l.FLogID";
 
-void RunLog(const Options& options, Shell& shell) {
+void RunLog(const LogOptions& options, Shell& shell) {
   const auto output = MakeSqlOutput(options.format, shell.out);
   const auto account_set = accountset::AccountSet::Open(options.db);
   tsql::Session session(account_set.Connection());
@@ -35,7 +35,7 @@ void RunLog(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddLogCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<LogOptions>();
   CLI::App* command = app.add_subcommand("log", "List the log: date, user, key, kind, text");
   AddDbOption(*command, options->db);
   command->add_option("--format", options->format, "table, csv or json")

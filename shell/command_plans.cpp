@@ -17,7 +17,7 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct PlansOptions {
   std::string family;
   std::string db = "salerpt.db";
   std::string format = "table";
@@ -50,7 +50,7 @@ std::string PlansText(int family) {
       "Order By p.FPlan,v.FIndex");
 }
 
-void RunPlans(const Options& options, Shell& shell) {
+void RunPlans(const PlansOptions& options, Shell& shell) {
   const int family = FamilyNumber(options.family);
   const auto output = MakeSqlOutput(options.format, shell.out);
   const auto account_set = accountset::AccountSet::Open(options.db);
@@ -61,7 +61,7 @@ void RunPlans(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddPlansCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<PlansOptions>();
   CLI::App* command = app.add_subcommand("plans", "List the stored filter plans of a family of reports");
   command
       ->add_option("FAMILY", options->family,

@@ -10,12 +10,12 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct RequestOptions {
   std::string class_name;
   std::string case_file;
 };
 
-void RunRequestCommand(const Options& options, Shell& shell) {
+void RunRequestCommand(const RequestOptions& options, Shell& shell) {
   const RequestCase request = ReadCaseFile(options.case_file, ReadRequestCase);
   const Json answer = RunRequest(options.class_name, request);
   shell.out << answer.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
@@ -30,7 +30,7 @@ void RunRequestCommand(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddRequestCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<RequestOptions>();
   CLI::App* command =
       app.add_subcommand("request", "Show what a report would send, without a server, as one JSON object");
   command->add_option("CLASS", options->class_name, "Report class, such as Rpt128")->required();

@@ -16,20 +16,20 @@
 namespace salerpt::shell {
 namespace {
 
-struct Options {
+struct SqlOptions {
   std::string db = "salerpt.db";
   std::string file = "-";
   std::string format = "table";
 };
 
 // "orders.sql:12: Msg 208: Invalid object name 't_Foo'."
-std::string FailureText(const Options& options, const SqlBatch& batch, const tsql::TsqlError& error) {
+std::string FailureText(const SqlOptions& options, const SqlBatch& batch, const tsql::TsqlError& error) {
   const int line = batch.first_line + std::max(error.Line(), 1) - 1;
   return Join(options.file == "-" ? "<stdin>" : options.file, ":", line, ": Msg ", error.Number(), ": ",
               error.Description());
 }
 
-void RunSql(const Options& options, Shell& shell) {
+void RunSql(const SqlOptions& options, Shell& shell) {
   const auto output = MakeSqlOutput(options.format, shell.out);
   const std::string script = ReadTextFile(options.file);
   const auto account_set = accountset::AccountSet::Open(options.db);
@@ -46,7 +46,7 @@ void RunSql(const Options& options, Shell& shell) {
 }  // namespace
 
 void AddSqlCommand(CLI::App& app, Shell& shell) {
-  auto options = std::make_shared<Options>();
+  auto options = std::make_shared<SqlOptions>();
   CLI::App* command =
       app.add_subcommand("sql", "Run T-SQL on the embedded engine and print the rows of each select");
   AddDbOption(*command, options->db);

@@ -155,6 +155,7 @@ Variant TypedValue(const Choice& choice, const Variant& by_default) {
 }
 
 std::vector<Dictionary::Entry> TypedConditions(std::string_view dialog, const std::vector<Choice>& choices) {
+  if (choices.empty()) return {};
   const std::unique_ptr<FilterDialog> made = Runtime::Current().MakeDialog(dialog);
   auto& preview = dynamic_cast<FormDialog&>(*made);
   preview.Load();

@@ -17,9 +17,11 @@ namespace salerpt {
 class PlanList {
  public:
   virtual ~PlanList() = default;
+  // Takes all rows away.
   virtual void Clear() = 0;
+  // Appends a row; no two have the same key.
   virtual void Add(std::string_view key, std::string_view text) = 0;
-  // Selects the row with this key.
+  // Selects the row with this key; false where there is none.
   virtual bool SelectKey(std::string_view key) = 0;
 };
 

@@ -15,6 +15,7 @@ namespace salerpt {
 // through ResText here; a caption that is added as a whole has passed through it already.
 class TitleLines {
  public:
+  // A line of its own.
   void Add(std::string caption);
   // A range of the filter: `label` and begin "  --  " end, or `label` and the word for all where both ends
   // are empty.

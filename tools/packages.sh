@@ -1,6 +1,6 @@
 # Debian packages that the build needs; sourced by run and test.
 packages="g++ cmake ninja-build libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev libxlsxwriter-dev zlib1g-dev
-  libgtest-dev libgmock-dev libbenchmark-dev"
+  libgtest-dev libgmock-dev libbenchmark-dev ccache"
 
 install_packages() {
   local missing=() package

@@ -30,8 +30,8 @@ struct GenerateOptions {
   std::uint64_t seed = 1;
   // About how many bill lines the company has in all: the entry rows of orders, outbound bills, invoices,
   // purchases, receipts, issues and all other bills together, a production task counting as one line. 100 to
-  // 20,000,000. The tables come within a tenth of it, or within 400 lines where that is more. The few lines of
-  // the sales contracts are not counted.
+  // 20,000,000. The tables come within a tenth of it, or within 400 lines where that is more. The few lines
+  // of the sales contracts are not counted.
   std::int64_t lines = 10000;
 };
 

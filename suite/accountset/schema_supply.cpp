@@ -6,10 +6,10 @@ namespace salerpt::accountset {
 // FTranType: 71 purchase order, 75 special and 76 plain purchase invoice (amounts without and with tax, as
 // the sales invoices of kinds 80 and 86), 85 production task, 78 fee invoice to pay, 79 fee invoice to
 // receive. FPOStyle 20300 marks the purchase of goods that were sold straight on (sale style 20296). A credit
-// row's FCreditClass says whose it is, and FItemID which one: 0 customer, 1 employee, 2 department, 3 customer
-// class (t_Organization.FTypeID), 4 employee class (t_Emp.FTypeID). ICCreditAmount: how much may be owed, in
-// what currency, and for how many days. ICCreditQty: how much of an item may be taken, in base units.
-// ICCreditDiscount: the per cent left to who pays within so many days.
+// row's FCreditClass says whose it is, and FItemID which one: 0 customer, 1 employee, 2 department, 3
+// customer class (t_Organization.FTypeID), 4 employee class (t_Emp.FTypeID). ICCreditAmount: how much may be
+// owed, in what currency, and for how many days. ICCreditQty: how much of an item may be taken, in base
+// units. ICCreditDiscount: the per cent left to who pays within so many days.
 const char* const kSupplyTables = R"sql(
 CREATE TABLE POOrder(
   FInterID INTEGER PRIMARY KEY, FBrNo VARCHAR(10) COLLATE NOCASE NOT NULL DEFAULT '0', FTranType INT NOT NULL DEFAULT 71,

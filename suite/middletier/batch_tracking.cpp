@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "suite/middletier/account_switches.h"
 #include "suite/middletier/base_currency.h"
 #include "suite/middletier/bill_filter.h"
 #include "suite/middletier/order_lines.h"
@@ -12,14 +13,6 @@
 
 namespace salerpt::middletier {
 namespace {
-
-// The report does not tell which codes are in use. The system does: 0 the long ones.
-bool LongCodesInUse(Server& server, const Dictionary& filter) {
-  if (filter.Lookup("bLongNumber")) return filter.Get("bLongNumber").ToBoolean();
-  const RecordsetRef rows =
-      server.Query("Select FValue From t_SystemProfile Where FCategory='IC' And FKey='UseShortNumber'");
-  return rows->RecordCount() > 0 && Val(rows->Value(0).TextOrEmpty()) == 0;
-}
 
 std::string Conditions(const Dictionary& filter, bool long_codes) {
   const std::string_view code = long_codes ? "FNumber" : "FShortNumber";

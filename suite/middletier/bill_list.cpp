@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::int32_t kSalesOrders = 32;
 constexpr std::int32_t kProductionTasks = 36;
-constexpr int kCustomerRight = 1;
 
 // A field of a chosen row.
 class RowField final : public Object {
@@ -232,7 +231,7 @@ class BillList final : public SuiteObject<BillList> {
         "t4.FName As FCustName,v1.FROB,v1.FStatus,v1.FClosed,v1.FCancelLation\r\n"
         "From SEOrder v1\r\n"
         "Left Join t_Organization t4 On v1.FCustID=t4.FItemID\r\n"
-        "Where 1=1", RightText(GetServer(), kCustomerRight, "t4"), ") x1\r\n"
+        "Where 1=1", RightText(GetServer(), RightKind::kCustomers, "t4"), ") x1\r\n"
         "Where 1=1", rob == 0 ? "" : Join(" And x1.FROB=", rob), FilterText(), "\r\n"
         "Order By x1.FBillNo,x1.FInterID"))};
     // clang-format on

@@ -1,6 +1,7 @@
 #include <array>
 #include <span>
 
+#include "suite/middletier/account_switches.h"
 #include "suite/middletier/objects.h"
 #include "suite/middletier/suite_object.h"
 
@@ -13,13 +14,9 @@ class ItemInfo final : public SuiteObject<ItemInfo> {
   static constexpr std::string_view kClassName = "ORVEBSGLItem.ItemInfo";
   using SuiteObject::SuiteObject;
 
-  // True where the rule is on for the user and the kind: 1 customers, 2 suppliers, 4 stocks. A pair that the
-  // account set does not name is off: everybody sees everything until somebody says otherwise.
   static Variant GetDataRight(ItemInfo& self, Arguments arguments) {
-    const RecordsetRef rows = self.GetServer().Query(
-        Join("Select FUsed From t_DataRight Where FUsed=1 And FUserID=", arguments[1].ToInt32(),
-             " And FKind=", arguments[2].ToInt32()));
-    return rows->RecordCount() > 0;
+    return DataRightInForce(self.GetServer(), arguments[1].ToInt32(),
+                            static_cast<RightKind>(arguments[2].ToInt32()));
   }
 
   static std::span<const Member<ItemInfo>> Members() {

@@ -1,6 +1,7 @@
 #include "suite/middletier/master_lists.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -9,26 +10,21 @@
 namespace salerpt::middletier {
 namespace {
 
-constexpr int kNoRight = 0;
-constexpr int kCustomerRight = 1;
-constexpr int kSupplierRight = 2;
-constexpr int kStockRight = 4;
-
 struct MasterTable {
   std::int32_t item_class;
   std::string_view title;
   std::string_view table;
-  int right;
+  std::optional<RightKind> right;
 };
 constexpr std::array kMasterTables = {
-    MasterTable{1, "客户", "t_Organization", kCustomerRight},
-    MasterTable{2, "部门", "t_Department", kNoRight},
-    MasterTable{3, "职员", "t_Emp", kNoRight},
-    MasterTable{4, "物料", "t_ICItem", kNoRight},
-    MasterTable{5, "仓库", "t_Stock", kStockRight},
-    MasterTable{8, "供应商", "t_Supplier", kSupplierRight},
-    MasterTable{10, "机构", "t_SonCompany", kNoRight},
-    MasterTable{2014, "费用", "t_Fee", kNoRight},
+    MasterTable{1, "客户", "t_Organization", RightKind::kCustomers},
+    MasterTable{2, "部门", "t_Department", {}},
+    MasterTable{3, "职员", "t_Emp", {}},
+    MasterTable{4, "物料", "t_ICItem", {}},
+    MasterTable{5, "仓库", "t_Stock", RightKind::kStocks},
+    MasterTable{8, "供应商", "t_Supplier", RightKind::kSuppliers},
+    MasterTable{10, "机构", "t_SonCompany", {}},
+    MasterTable{2014, "费用", "t_Fee", {}},
 };
 
 const MasterTable& TableOf(std::int32_t item_class) {
@@ -62,11 +58,9 @@ std::vector<ShownList::Column> CodeAndName(std::string_view code = "FNumber") {
 
 }  // namespace
 
-std::string RightText(Server& server, int kind, std::string_view alias) {
-  const int user = server.GetLogin().user_id;
-  const RecordsetRef rows = server.Query(
-      Join("Select FUsed From t_DataRight Where FUsed=1 And FUserID=", user, " And FKind=", kind));
-  if (rows->RecordCount() == 0) return {};
+std::string RightText(Server& server, RightKind kind, std::string_view alias) {
+  const std::int32_t user = server.GetLogin().user_id;
+  if (!DataRightInForce(server, user, kind)) return {};
   return Join(" And CharIndex(',", user, ",',','+", alias, ".FRightUserID+',')>0");
 }
 
@@ -79,7 +73,7 @@ Candidates ItemList(Server& server, std::int32_t item_class, std::string_view se
   if (item_class == kItems) items.list.columns.push_back({"规格型号", "FModel", ""});
   items.list.rows =
       server.Query(Join("Select x2.* From ", table.table, " x2 Where x2.FDeleted=0", SearchText(search),
-                        table.right == kNoRight ? std::string() : RightText(server, table.right, "x2"),
+                        table.right ? RightText(server, *table.right, "x2") : std::string(),
                         ConditionText(condition), " Order By x2.", code_field, ",x2.FItemID"));
   return items;
 }
@@ -102,7 +96,7 @@ Candidates BatchList(Server& server, std::string_view search, std::string_view c
       "From ICInventory b\r\n"
       "Inner Join t_ICItem i On b.FItemID=i.FItemID\r\n"
       "Left Join t_Stock s On b.FStockID=s.FItemID\r\n"
-      "Where i.FDeleted=0", RightText(server, kStockRight, "s"), "\r\n"
+      "Where i.FDeleted=0", RightText(server, RightKind::kStocks, "s"), "\r\n"
       "Group By i.FItemID,i.FNumber,i.FShortNumber,i.FName,b.FBatchNo) x2\r\n"
       "Where 1=1", SearchText(search), ConditionText(condition), "\r\n"
       "Order By x2.FNumber,x2.FBatchNo"));

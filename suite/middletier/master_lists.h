@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "suite/middletier/account_switches.h"
 #include "suite/middletier/server.h"
 
 namespace salerpt::middletier {
@@ -31,8 +32,8 @@ Candidates UnitList(Server& server, std::int32_t unit_group, std::string_view se
 Candidates AuxiliaryList(Server& server, std::int32_t item_class, std::string_view search);
 Candidates CurrencyList(Server& server, std::string_view search);
 
-// The condition that a user may see the row of a table under data rights: customers (kind 1), suppliers (2)
-// or stocks (4), with " And " in front. Blank where the rule is not in force for him.
-std::string RightText(Server& server, int kind, std::string_view alias);
+// The condition that the user may see the row of a table under data rights, with " And " in front. Blank
+// where the rule is not in force for him.
+std::string RightText(Server& server, RightKind kind, std::string_view alias);
 
 }  // namespace salerpt::middletier

@@ -48,37 +48,36 @@ std::string ImplementCondition(const Dictionary& filter) {
 
 // --- The batch
 
-// FPart parts the rows of a line: 0 the line, 1 its deliveries, 2 its subtotal.
+// What is told of a line stands once, in the order of the report; the blank line behind them all is that of
+// the total. FPart parts the rows of a line: 0 the line, 1 its deliveries, 2 its subtotal.
 // clang-format off
-constexpr std::string_view kTable =
-    "Create Table #Rpt137(FInterID int null,FItemID int null,FTranType int null,\r\n"
-    "  FDate datetime null,FSendDate datetime null,FCommitDate datetime null,\r\n"
+constexpr std::string_view kTables =
+    "Create Table #Lines(FPlace int IDENTITY,FInterID int null,FEntryID int null,FItemID int null,FTranType int null,\r\n"
+    "  FDate datetime null,FSendDate datetime null,\r\n"
     "  FCustNumber varchar(355) not null default(''),FShortCustNumber varchar(355) not null default(''),\r\n"
     "  FCustName varchar(355) not null default(''),FNumber varchar(355) not null default(''),\r\n"
     "  FShortNumber varchar(355) not null default(''),FName varchar(355) not null default(''),\r\n"
     "  FModel varchar(355) not null default(''),FAuxPropName varchar(355) not null default(''),\r\n"
     "  FOrderBillNo varchar(355) not null default(''),FUnitName varchar(355) not null default(''),\r\n"
     "  FCUUnitName varchar(355) not null default(''),FNote varchar(355) not null default(''),\r\n"
-    "  FBillNo varchar(355) not null default(''),FEmpName varchar(355) not null default(''),\r\n"
-    "  FDeptName varchar(355) not null default(''),\r\n"
-    "  FSaleQty decimal(23,10) null,FCUUnitSaleQty decimal(23,10) null,FCommitQty decimal(23,10) null,\r\n"
-    "  FCUUnitCommitQty decimal(23,10) null,FUnCommitQty decimal(23,10) null,FCUUnitUnCommitQty decimal(23,10) null,\r\n"
-    "  FSumSort int not null default(0),FQtyDecimal int null,FPart int not null default(0),FOrderNo varchar(355) null,\r\n"
-    "  FOrderID int null,FEntryID int null,FBillEntryID int null,FCoefficient decimal(23,10) null,FDelivered decimal(23,10) null)\r\n";
+    "  FEmpName varchar(355) not null default(''),FDeptName varchar(355) not null default(''),FQtyDecimal int null,\r\n"
+    "  FQty decimal(23,10) null,FDelivered decimal(23,10) null,FCoefficient decimal(23,10) null)\r\n"
+    "Create Table #Rows(FPlace int not null,FPart int not null,FInterID int null,FTranType int null,\r\n"
+    "  FCommitDate datetime null,FNote varchar(355) not null default(''),FBillNo varchar(355) not null default(''),\r\n"
+    "  FBillEntryID int null,FSaleQty decimal(23,10) null,FCUUnitSaleQty decimal(23,10) null,\r\n"
+    "  FCommitQty decimal(23,10) null,FCUUnitCommitQty decimal(23,10) null,FUnCommitQty decimal(23,10) null,\r\n"
+    "  FCUUnitUnCommitQty decimal(23,10) null,FSumSort int not null default(0))\r\n";
 
 std::string LineRows(const Dictionary& filter) {
   return Join(
-      "Insert Into #Rpt137(FInterID,FItemID,FTranType,FDate,FSendDate,FCustNumber,FShortCustNumber,FCustName,\r\n"
+      "Insert Into #Lines(FInterID,FEntryID,FItemID,FTranType,FDate,FSendDate,FCustNumber,FShortCustNumber,FCustName,\r\n"
       "  FNumber,FShortNumber,FName,FModel,FAuxPropName,FOrderBillNo,FUnitName,FCUUnitName,FNote,FEmpName,FDeptName,\r\n"
-      "  FSaleQty,FCUUnitSaleQty,FUnCommitQty,FCUUnitUnCommitQty,FQtyDecimal,FOrderNo,FOrderID,FEntryID,FCoefficient,\r\n"
-      "  FDelivered)\r\n"
-      "Select v1.FInterID,v2.FItemID,v1.FTranType,v1.FDate,", kDueDate, ",IsNull(t11.FNumber,''),\r\n"
+      "  FQtyDecimal,FQty,FDelivered,FCoefficient)\r\n"
+      "Select v1.FInterID,v2.FEntryID,v2.FItemID,v1.FTranType,v1.FDate,", kDueDate, ",IsNull(t11.FNumber,''),\r\n"
       "  IsNull(t11.FShortNumber,''),IsNull(t11.FName,''),t10.FNumber,t10.FShortNumber,IsNull(t10.FName,''),\r\n"
       "  IsNull(t10.FModel,''),IsNull(t7.FName,''),v1.FBillNo,IsNull(t3.FName,''),IsNull(t5.FName,''),\r\n"
-      "  IsNull(v2.FNote,''),IsNull(TE.FName,''),IsNull(TD.FName,''),\r\n"
-      "  v2.FQty,v2.FQty/", CoefficientOf("t5"), ",v2.FQty-IsNull(d.FQty,0),\r\n"
-      "  (v2.FQty-IsNull(d.FQty,0))/", CoefficientOf("t5"), ",t10.FQtyDecimal,v1.FBillNo,v1.FInterID,v2.FEntryID,\r\n"
-      "  ", CoefficientOf("t5"), ",IsNull(d.FQty,0)\r\n"
+      "  IsNull(v2.FNote,''),IsNull(TE.FName,''),IsNull(TD.FName,''),t10.FQtyDecimal,v2.FQty,IsNull(d.FQty,0),\r\n"
+      "  ", CoefficientOf("t5"), "\r\n"
       "From #OrderLines k\r\n"
       "Inner Join SEOrder v1 On k.FInterID=v1.FInterID\r\n"
       "Inner Join SEOrderEntry v2 On k.FInterID=v2.FInterID And k.FEntryID=v2.FEntryID\r\n"
@@ -90,50 +89,46 @@ std::string LineRows(const Dictionary& filter) {
       "Left Join t_MeasureUnit t5 On t10.FCUUnitID=t5.FMeasureUnitID\r\n"
       "Left Join t_AuxItem t7 On v2.FAuxPropID=t7.FItemID\r\n"
       "Left Join #Delivered d On k.FInterID=d.FInterID And k.FEntryID=d.FEntryID\r\n"
-      "Where 1=1", ImplementCondition(filter), "\r\n");
+      "Where 1=1", ImplementCondition(filter), "\r\n"
+      "Order By v1.FDate,v1.FBillNo,v1.FInterID,v2.FEntryID\r\n");
 }
 
-constexpr std::string_view kDeliveryRows =
-    "Insert Into #Rpt137(FInterID,FItemID,FTranType,FDate,FSendDate,FCommitDate,FCustNumber,FShortCustNumber,FCustName,\r\n"
-    "  FNumber,FShortNumber,FName,FModel,FAuxPropName,FOrderBillNo,FUnitName,FCUUnitName,FNote,FBillNo,FEmpName,\r\n"
-    "  FDeptName,FCommitQty,FCUUnitCommitQty,FQtyDecimal,FPart,FOrderNo,FOrderID,FEntryID,FBillEntryID)\r\n"
-    "Select d.FBillID,r.FItemID,d.FTranType,r.FDate,r.FSendDate,d.FDate,r.FCustNumber,r.FShortCustNumber,r.FCustName,\r\n"
-    "  r.FNumber,r.FShortNumber,r.FName,r.FModel,r.FAuxPropName,r.FOrderBillNo,r.FUnitName,r.FCUUnitName,d.FNote,\r\n"
-    "  d.FBillNo,r.FEmpName,r.FDeptName,d.FQty,d.FQty/r.FCoefficient,r.FQtyDecimal,1,r.FOrderNo,r.FOrderID,r.FEntryID,\r\n"
-    "  d.FBillEntryID\r\n"
-    "From #Deliveries d\r\n"
-    "Inner Join #Rpt137 r On d.FInterID=r.FOrderID And d.FEntryID=r.FEntryID\r\n";
-
-constexpr std::string_view kSums =
-    "Insert Into #Rpt137(FInterID,FItemID,FTranType,FDate,FSendDate,FCustNumber,FShortCustNumber,FCustName,\r\n"
-    "  FNumber,FShortNumber,FName,FModel,FAuxPropName,FOrderBillNo,FUnitName,FCUUnitName,\r\n"
-    "  FSaleQty,FCUUnitSaleQty,FCommitQty,FCUUnitCommitQty,FUnCommitQty,FCUUnitUnCommitQty,FSumSort,FQtyDecimal,FPart,\r\n"
-    "  FOrderNo,FOrderID,FEntryID)\r\n"
-    "Select FInterID,FItemID,FTranType,FDate,FSendDate,FCustNumber,FShortCustNumber,FCustName,\r\n"
-    "  FNumber,FShortNumber,FName,FModel,FAuxPropName,FOrderBillNo+'(小计)',FUnitName,FCUUnitName,\r\n"
-    "  FSaleQty,FCUUnitSaleQty,FDelivered,FDelivered/FCoefficient,FUnCommitQty,FCUUnitUnCommitQty,102,FQtyDecimal,2,\r\n"
-    "  FOrderNo,FOrderID,FEntryID\r\n"
-    "From #Rpt137 Where FPart=0\r\n"
-    "Insert Into #Rpt137(FOrderBillNo,FSaleQty,FCUUnitSaleQty,FCommitQty,FCUUnitCommitQty,FUnCommitQty,\r\n"
-    "  FCUUnitUnCommitQty,FSumSort,FQtyDecimal)\r\n"
-    "Select '合计',Sum(FSaleQty),Sum(FCUUnitSaleQty),Sum(FCommitQty),Sum(FCUUnitCommitQty),Sum(FUnCommitQty),\r\n"
-    "  Sum(FCUUnitUnCommitQty),101,Max(FQtyDecimal)\r\n"
-    "From #Rpt137 Where FSumSort=102 Having Count(*)>0\r\n";
+constexpr std::string_view kRows =
+    "Insert Into #Rows(FPlace,FPart,FInterID,FTranType,FNote,FSaleQty,FCUUnitSaleQty,FUnCommitQty,FCUUnitUnCommitQty)\r\n"
+    "Select FPlace,0,FInterID,FTranType,FNote,FQty,FQty/FCoefficient,FQty-FDelivered,(FQty-FDelivered)/FCoefficient\r\n"
+    "From #Lines\r\n"
+    "Insert Into #Rows(FPlace,FPart,FInterID,FTranType,FCommitDate,FNote,FBillNo,FBillEntryID,FCommitQty,FCUUnitCommitQty)\r\n"
+    "Select l.FPlace,1,d.FBillID,d.FTranType,d.FDate,d.FNote,d.FBillNo,d.FBillEntryID,d.FQty,d.FQty/l.FCoefficient\r\n"
+    "From #Deliveries d Inner Join #Lines l On d.FInterID=l.FInterID And d.FEntryID=l.FEntryID\r\n"
+    "Insert Into #Rows(FPlace,FPart,FInterID,FTranType,FSaleQty,FCUUnitSaleQty,FCommitQty,FCUUnitCommitQty,FUnCommitQty,\r\n"
+    "  FCUUnitUnCommitQty,FSumSort)\r\n"
+    "Select FPlace,2,FInterID,FTranType,FQty,FQty/FCoefficient,FDelivered,FDelivered/FCoefficient,FQty-FDelivered,\r\n"
+    "  (FQty-FDelivered)/FCoefficient,102\r\n"
+    "From #Lines\r\n"
+    "Insert Into #Lines(FOrderBillNo,FQtyDecimal) Select '合计',Max(FQtyDecimal) From #Lines Having Count(*)>0\r\n"
+    "Insert Into #Rows(FPlace,FPart,FSaleQty,FCUUnitSaleQty,FCommitQty,FCUUnitCommitQty,FUnCommitQty,FCUUnitUnCommitQty,\r\n"
+    "  FSumSort)\r\n"
+    "Select Max(FPlace)+1,0,Sum(FSaleQty),Sum(FCUUnitSaleQty),Sum(FCommitQty),Sum(FCUUnitCommitQty),Sum(FUnCommitQty),\r\n"
+    "  Sum(FCUUnitUnCommitQty),101\r\n"
+    "From #Rows Where FSumSort=102 Having Count(*)>0\r\n";
 
 constexpr std::string_view kSelect =
-    "Select FInterID,FItemID,FTranType,FDate,FSendDate,FCommitDate,FCustNumber,FShortCustNumber,FCustName,FNumber,\r\n"
-    "  FShortNumber,FName,FModel,FAuxPropName,FOrderBillNo,FUnitName,FCUUnitName,FNote,FBillNo,FEmpName,FDeptName,\r\n"
-    "  FSaleQty,FCUUnitSaleQty,FCommitQty,FCUUnitCommitQty,FUnCommitQty,FCUUnitUnCommitQty,FSumSort,FQtyDecimal\r\n"
-    "From #Rpt137\r\n"
-    "Order By Case When FSumSort=101 Then 1 Else 0 End,FDate,FOrderNo,FOrderID,FEntryID,FPart,FCommitDate,FBillNo,\r\n"
-    "  FInterID,FBillEntryID";
+    "Select r.FInterID,l.FItemID,r.FTranType,l.FDate,l.FSendDate,r.FCommitDate,l.FCustNumber,l.FShortCustNumber,\r\n"
+    "  l.FCustName,l.FNumber,l.FShortNumber,l.FName,l.FModel,l.FAuxPropName,\r\n"
+    "  Case When r.FPart=2 Then Convert(varchar(355),l.FOrderBillNo+'(小计)') Else l.FOrderBillNo End FOrderBillNo,\r\n"
+    "  l.FUnitName,l.FCUUnitName,\r\n"
+    "  r.FNote,r.FBillNo,Case When r.FPart=2 Then '' Else l.FEmpName End FEmpName,\r\n"
+    "  Case When r.FPart=2 Then '' Else l.FDeptName End FDeptName,r.FSaleQty,r.FCUUnitSaleQty,r.FCommitQty,\r\n"
+    "  r.FCUUnitCommitQty,r.FUnCommitQty,r.FCUUnitUnCommitQty,r.FSumSort,l.FQtyDecimal\r\n"
+    "From #Rows r Inner Join #Lines l On r.FPlace=l.FPlace\r\n"
+    "Order By r.FPlace,r.FPart,r.FCommitDate,r.FBillNo,r.FInterID,r.FBillEntryID";
 // clang-format on
 
 }  // namespace
 
 RecordsetRef OrderExecution(Server& server, const Dictionary& filter) {
-  return server.Query(Join(OrderLinesText(filter, "t11", Conditions(filter)), DeliveriesText(), kTable,
-                           LineRows(filter), kDeliveryRows, kSums, kSelect));
+  return server.Query(Join(OrderLinesText(filter, "t11", Conditions(filter)), DeliveriesText(), kTables,
+                           LineRows(filter), kRows, kSelect));
 }
 
 }  // namespace salerpt::middletier

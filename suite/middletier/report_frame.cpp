@@ -62,27 +62,6 @@ std::size_t InsertOf(std::string_view frame) {
   return place;
 }
 
-// A grouped frame from its insert on.
-struct Grouping {
-  std::string_view head;   // the insert and the values of the groups, the item's code last
-  std::string_view cases;  // of FSumSort, up to its Else
-  std::string_view rest;   // the Else and the End
-  std::string_view joins;
-};
-
-Grouping GroupingOf(std::string_view insert) {
-  const std::string lower = LowerCase(insert);
-  const std::size_t begin = FindLastWord(lower, "case");
-  const std::size_t otherwise =
-      begin == std::string::npos ? std::string::npos : FindWord(lower, "else", begin);
-  const std::size_t end =
-      otherwise == std::string::npos ? std::string::npos : FindWord(lower, "end", otherwise);
-  if (end == std::string::npos) RaiseNoFrame("\"Select\" of the request tells no FSumSort");
-  const std::size_t joins = end + std::string_view("end").size();
-  return {insert.substr(0, begin), insert.substr(begin, otherwise - begin),
-          insert.substr(otherwise, joins - otherwise), insert.substr(joins)};
-}
-
 std::string ItemSumCase(const FrameContents& contents) {
   return Join("When Grouping(", contents.part, ")=1 Then ", kItemSum, kCrLf);
 }
@@ -94,20 +73,18 @@ std::string WithComma(std::string_view values) {
 
 // --- Its texts, filled
 
-std::string FillList(std::string_view frame, const FrameContents& contents) {
-  const std::size_t insert = InsertOf(frame);
-  return Join(frame.substr(0, insert), contents.columns, kCrLf, frame.substr(insert), "t1.FNumber,",
-              contents.values, kCrLf, "Case When Grouping(t1.FNumber)=1 Then 101", kCrLf,
-              ItemSumCase(contents), "Else 0 End", kCrLf, contents.tables, "Where 1=1", contents.where,
-              kCrLf);
+std::string FillList(std::string_view select, const FrameContents& contents) {
+  const ListFrame frame = ReadListFrame(select);
+  return Join(frame.table, contents.columns, kCrLf, frame.insert, "t1.FNumber,", contents.values, kCrLf,
+              "Case When Grouping(t1.FNumber)=1 Then 101", kCrLf, ItemSumCase(contents), "Else 0 End", kCrLf,
+              contents.tables, "Where 1=1", contents.where, kCrLf);
 }
 
-std::string FillGroups(std::string_view frame, const FrameContents& contents) {
-  const std::size_t insert = InsertOf(frame);
-  const Grouping grouping = GroupingOf(frame.substr(insert));
-  return Join(frame.substr(0, insert), contents.columns, kCrLf, WithComma(grouping.head), contents.values,
-              kCrLf, grouping.cases, kCrLf, ItemSumCase(contents), grouping.rest, kCrLf, contents.tables,
-              grouping.joins, kCrLf, "Where 1=1", contents.where, kCrLf);
+std::string FillGroups(std::string_view select, const FrameContents& contents) {
+  const GroupFrame frame = ReadGroupFrame(select);
+  return Join(frame.table, contents.columns, kCrLf, WithComma(frame.insert), contents.values, kCrLf,
+              frame.cases, kCrLf, ItemSumCase(contents), frame.rest, kCrLf, contents.tables, frame.joins,
+              kCrLf, "Where 1=1", contents.where, kCrLf);
 }
 
 // The part is the innermost group. What stands behind the clause are updates.
@@ -118,6 +95,29 @@ std::string GroupByParts(std::string_view group_by, const FrameContents& content
 }
 
 }  // namespace
+
+ListFrame ReadListFrame(std::string_view select) {
+  const std::size_t insert = InsertOf(select);
+  return {select.substr(0, insert), select.substr(insert)};
+}
+
+GroupFrame ReadGroupFrame(std::string_view select) {
+  const auto [table, insert] = ReadListFrame(select);
+  const std::string lower = LowerCase(insert);
+  const std::size_t begin = FindLastWord(lower, "case");
+  const std::size_t otherwise =
+      begin == std::string::npos ? std::string::npos : FindWord(lower, "else", begin);
+  const std::size_t end =
+      otherwise == std::string::npos ? std::string::npos : FindWord(lower, "end", otherwise);
+  if (end == std::string::npos) RaiseNoFrame("\"Select\" of the request tells no FSumSort");
+  const std::size_t joins = end + std::string_view("end").size();
+  return {table, insert.substr(0, begin), insert.substr(begin, otherwise - begin),
+          insert.substr(otherwise, joins - otherwise), insert.substr(joins)};
+}
+
+bool HoldsWord(std::string_view sql, std::string_view word) {
+  return FindWord(LowerCase(sql), LowerCase(word), 0) != std::string_view::npos;
+}
 
 bool IsGroupedFrame(const Dictionary& request) {
   return !Trim(request.Get("GROUPBY").TextOrEmpty()).empty();

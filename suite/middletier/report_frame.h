@@ -9,6 +9,28 @@
 
 namespace salerpt::middletier {
 
+// The "Select" of a request that lists, taken apart where its contents go. All parts lie in the text given.
+struct ListFrame {
+  std::string_view table;   // makes `#Data`, up to its columns
+  std::string_view insert;  // into it, up to the values
+};
+// Raises invalid-call where the text does not fill `#Data`.
+ListFrame ReadListFrame(std::string_view select);
+
+// The same of one that groups.
+struct GroupFrame {
+  std::string_view table;   // makes `#Data` with the columns of the groups
+  std::string_view insert;  // and the values of the groups, the item's code last
+  std::string_view cases;   // of FSumSort, up to its Else
+  std::string_view rest;    // the Else and the End
+  std::string_view joins;
+};
+// Raises invalid-call where the text does not fill `#Data` or tells no FSumSort.
+GroupFrame ReadGroupFrame(std::string_view select);
+
+// True where a word of SQL, such as a column, stands in the text, whatever its case.
+bool HoldsWord(std::string_view sql, std::string_view word);
+
 // What a frame leaves empty. A row of the report is an item, or a part of one, in its groups.
 struct FrameContents {
   std::string columns;  // definitions of the columns behind the groups': FNumber first, FSumSort last but FID

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "runtime/mrpt.h"
+#include "suite/middletier/account_switches.h"
 #include "suite/middletier/base_currency.h"
 #include "suite/middletier/bill_filter.h"
 #include "suite/middletier/order_lines.h"
@@ -50,14 +51,6 @@ const Holders& HoldersOf(const Dictionary& filter) {
   return kNobody;
 }
 
-// The report tells which codes are in use only when it runs the batch. The system does: 0 the long ones.
-bool LongCodesInUse(Server& server, const Dictionary& filter) {
-  if (filter.Lookup("bLongNumber")) return filter.Get("bLongNumber").ToBoolean();
-  const RecordsetRef rows =
-      server.Query("Select FValue From t_SystemProfile Where FCategory='IC' And FKey='UseShortNumber'");
-  return rows->RecordCount() > 0 && Val(rows->Value(0).TextOrEmpty()) == 0;
-}
-
 std::string_view CodeOf(const Holders& holders, bool long_codes) {
   if (!holders.has_short_code) return "FID";
   return long_codes ? "FNumber" : "FShortNumber";
@@ -67,9 +60,8 @@ std::string_view CodeOf(const Holders& holders, bool long_codes) {
 std::string RightOf(Server& server, const Holders& holders) {
   if (holders.credit_class != 0) return "";
   const std::int32_t user = server.GetLogin().user_id;
-  const RecordsetRef used =
-      server.Query(Join("Select FUsed From t_DataRight Where FUsed=1 And FKind=1 And FUserID=", user));
-  return used->RecordCount() == 0 ? "" : Join(" And CharIndex('", user, "',t1.FRightUserID)>0");
+  if (!DataRightInForce(server, user, RightKind::kCustomers)) return "";
+  return Join(" And CharIndex('", user, "',t1.FRightUserID)>0");
 }
 
 // Makes `#Holders`(FItemID, FNumber, FName).

@@ -2,14 +2,15 @@
 
 #include <string>
 
+#include "suite/middletier/account_switches.h"
+
 namespace salerpt::middletier {
 namespace {
 
 std::string RightOf(Server& server) {
   const std::int32_t user = server.GetLogin().user_id;
-  const RecordsetRef used =
-      server.Query(Join("Select FUsed From t_DataRight Where FUsed=1 And FKind=4 And FUserID=", user));
-  return used->RecordCount() == 0 ? "" : Join("Where CharIndex('", user, "',t2.FRightUserID)>0\r\n");
+  if (!DataRightInForce(server, user, RightKind::kStocks)) return "";
+  return Join("Where CharIndex('", user, "',t2.FRightUserID)>0\r\n");
 }
 
 // clang-format off

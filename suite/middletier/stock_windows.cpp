@@ -2,6 +2,7 @@
 #include <span>
 
 #include "runtime/runtime.h"
+#include "suite/middletier/account_switches.h"
 #include "suite/middletier/objects.h"
 #include "suite/middletier/stock_balance.h"
 #include "suite/middletier/suite_object.h"
@@ -17,12 +18,6 @@ std::vector<ShownList::Column> ColumnsOf(bool long_codes) {
           {"仓库代码", long_codes ? "FStockNumber" : "FStockShortNumber", ""},
           {"仓库名称", "FStockName", ""},
           {"单位(基本)", "FUnitName", ""}};
-}
-
-bool LongCodesInUse(Server& server) {
-  const RecordsetRef rows =
-      server.Query("Select FValue From t_SystemProfile Where FCategory='IC' And FKey='UseShortNumber'");
-  return rows->RecordCount() > 0 && Val(rows->Value(0).TextOrEmpty()) == 0;
 }
 
 // `ORVStockQuery.StockQueryFace`: the window that shows what is left in the stocks.

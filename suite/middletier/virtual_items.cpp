@@ -1,7 +1,5 @@
 #include "suite/middletier/virtual_items.h"
 
-#include <algorithm>
-#include <cctype>
 #include <string>
 #include <string_view>
 
@@ -9,6 +7,7 @@
 #include "suite/middletier/bill_filter.h"
 #include "suite/middletier/item_columns.h"
 #include "suite/middletier/order_lines.h"
+#include "suite/middletier/report_frame.h"
 #include "suite/middletier/sale_batch.h"
 
 namespace salerpt::middletier {
@@ -199,45 +198,17 @@ constexpr std::string_view kListValues =
 
 // --- The frame, filled
 
-std::string LowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return lower;
+std::string FillList(std::string_view select, std::int16_t scale) {
+  const ListFrame frame = ReadListFrame(select);
+  return Join(frame.table, ColumnsText(scale, false), frame.insert, kListValues);
 }
 
-// Where the insert into the table begins: the definition of the table ends there.
-std::size_t InsertOf(std::string_view frame) {
-  const std::size_t place = LowerCase(frame).rfind("insert into #data");
-  if (place != std::string_view::npos) return place;
-  throw RuntimeError(error_number::kInvalidCall, "",
-                     "\"Select\" of the request does not fill #Data; the frame of a report was expected");
-}
-
-// Columns before the insert, values at the end.
-std::string FillList(const std::string& frame, std::int16_t scale) {
-  const std::size_t insert = InsertOf(frame);
-  return Join(std::string_view(frame).substr(0, insert), ColumnsText(scale, false),
-              std::string_view(frame).substr(insert), kListValues);
-}
-
-// Columns before the insert, values before the cases of FSumSort, which stand last in the list, and the
-// tables behind these: what follows are joins to them.
-std::string FillGroups(const std::string& frame, std::int16_t scale) {
-  const std::string_view text = frame;
-  const std::size_t insert = InsertOf(text);
-  const std::string cases = LowerCase(text.substr(insert));
-  const std::size_t begin = cases.rfind("case");
-  const std::size_t end = cases.rfind(" end");
-  if (begin == std::string::npos || end == std::string::npos || end < begin) {
-    throw RuntimeError(error_number::kInvalidCall, "",
-                       "\"Select\" of the request tells no FSumSort; the frame of a report was expected");
-  }
-  const std::size_t joins = insert + end + std::string_view(" end").size();
-  const bool has_customer = LowerCase(text.substr(0, insert)).find("fcustname") != std::string::npos;
-  return Join(text.substr(0, insert), ColumnsText(scale, has_customer), text.substr(insert, begin),
-              GroupValues(has_customer), text.substr(insert + begin, joins - insert - begin), kGroupFrom,
-              text.substr(joins));
+// Its groups may bring the customer's name with them.
+std::string FillGroups(std::string_view select, std::int16_t scale) {
+  const GroupFrame frame = ReadGroupFrame(select);
+  const bool has_customer = HoldsWord(frame.table, "FCustName");
+  return Join(frame.table, ColumnsText(scale, has_customer), frame.insert, GroupValues(has_customer),
+              frame.cases, frame.rest, kGroupFrom, frame.joins);
 }
 
 }  // namespace
@@ -245,7 +216,7 @@ std::string FillGroups(const std::string& frame, std::int16_t scale) {
 RecordsetRef VirtualItemOrders(Server& server, const Dictionary& request) {
   const std::int16_t scale = BaseCurrencyScale(server);
   const std::string frame = request.Get("Select").TextOrEmpty();
-  const bool grouped = !Trim(request.Get("GROUPBY").TextOrEmpty()).empty();
+  const bool grouped = IsGroupedFrame(request);
   const std::string fill = Join(LinesText(request), DeliveriesText(), MeasuresText(scale),
                                 grouped ? std::string(kSumsText) : ListText(request));
   const DictionaryRef batch = request.Copy();

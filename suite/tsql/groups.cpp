@@ -82,8 +82,9 @@ bool EqualCells(const Cell& a, const Cell& b) {
 
 }  // namespace
 
-Groups::Groups(const RollupPlan& plan)
-    : key_count_(plan.keys.size()),
+Groups::Groups(const GroupPlan& plan)
+    : rollup_(plan.rollup),
+      key_count_(plan.keys.size()),
       aggregates_(plan.aggregates),
       current_(plan.keys.size()),
       slots_(kFirstSlots) {
@@ -267,9 +268,14 @@ Cell Groups::Result(std::size_t aggregate, const Accumulator& from) const {
     case AggregateKind::kMax:
       return std::bit_cast<Cell>(from.state);
     case AggregateKind::kSumInteger:
-      cell.kind = Cell::Kind::kInteger;
-      cell.integer = static_cast<std::int64_t>(from.state);
-      return cell;
+      if (from.state == static_cast<std::int64_t>(from.state)) {
+        cell.kind = Cell::Kind::kInteger;
+        cell.integer = static_cast<std::int64_t>(from.state);
+        return cell;
+      }
+      // Beyond every integer type: the conversion to the sum's type reports it.
+      cell.number = static_cast<double>(from.state);
+      break;
     case AggregateKind::kSumFloat: {
       const auto state = std::bit_cast<FloatSum>(from.state);
       cell.number = state.sum + state.rest;
@@ -289,23 +295,39 @@ void Groups::EmitRow(const Cell* keys, std::size_t kept_keys, const Accumulator*
   kept_keys_.push_back(static_cast<std::uint16_t>(kept_keys));
 }
 
-void Groups::Finish() {
-  if (group_count_ == 0) return;
+std::vector<std::uint32_t> Groups::SortedGroups() const {
   std::vector<std::uint32_t> order(group_count_);
   std::iota(order.begin(), order.end(), 0U);
+  std::sort(order.begin(), order.end(), [this](std::uint32_t a, std::uint32_t b) {
+    for (std::size_t i = 0; i < key_count_; ++i) {
+      const int difference = Compare(keys_[a * key_count_ + i], keys_[b * key_count_ + i]);
+      if (difference != 0) return difference < 0;
+    }
+    return a < b;
+  });
+  return order;
+}
+
+void Groups::Finish() {
+  if (group_count_ == 0) return;
+  const std::vector<std::uint32_t> order = SortedGroups();
+  if (rollup_) {
+    EmitLevels(order);
+    return;
+  }
+  rows_.reserve(group_count_ * (key_count_ + aggregates_.size()));
+  for (const std::uint32_t group : order) {
+    EmitRow(keys_.data() + group * key_count_, key_count_, accumulators_.data() + group * aggregates_.size());
+  }
+}
+
+void Groups::EmitLevels(const std::vector<std::uint32_t>& order) {
   const auto key = [this](std::uint32_t group) { return keys_.data() + group * key_count_; };
   const auto common = [this, key](std::uint32_t a, std::uint32_t b) {
     std::size_t i = 0;
     while (i < key_count_ && EqualCells(key(a)[i], key(b)[i])) ++i;
     return i;
   };
-  std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-    for (std::size_t i = 0; i < key_count_; ++i) {
-      const int difference = Compare(key(a)[i], key(b)[i]);
-      if (difference != 0) return difference < 0;
-    }
-    return a < b;
-  });
   // levels[i] sums the groups that share the first i keys.
   const std::vector<Accumulator> blank(aggregates_.size());
   std::vector<std::vector<Accumulator>> levels(key_count_, blank);

@@ -28,15 +28,16 @@ struct Cell {
   [[nodiscard]] std::string_view Text() const { return {text, size}; }
 };
 
-// Rows that arrive in any order become groups at the finest level; the levels above are added up from those.
+// Rows that arrive in any order become groups at the finest level; the levels above, where the plan is a
+// rollup, are added up from those.
 class Groups {
  public:
-  explicit Groups(const RollupPlan& plan);
+  explicit Groups(const GroupPlan& plan);
 
   // Takes the current row of the base statement.
   void Add(sqlite3_stmt* row);
-  // Sorts the groups by their keys and makes the rows: each level's row behind the rows that it sums, the
-  // total last. No row when none was added.
+  // Sorts the groups by their keys and makes the rows. In a rollup each level's row stands behind the rows
+  // that it sums, the total last. No row when none was added.
   void Finish();
 
   [[nodiscard]] std::size_t RowCount() const { return kept_keys_.size(); }
@@ -62,6 +63,8 @@ class Groups {
   static void Merge(Accumulator& into, const AggregateSpec& spec, const Accumulator& from);
   void MergeAll(Accumulator* into, const Accumulator* from) const;
   [[nodiscard]] Cell Result(std::size_t aggregate, const Accumulator& from) const;
+  [[nodiscard]] std::vector<std::uint32_t> SortedGroups() const;
+  void EmitLevels(const std::vector<std::uint32_t>& order);
   void EmitRow(const Cell* keys, std::size_t kept_keys, const Accumulator* accumulators);
   Cell ReadCell(sqlite3_stmt* row, int column) const;
   Cell Keep(Cell cell);
@@ -70,6 +73,7 @@ class Groups {
   // Keeps the lesser or greater of two cells.
   static bool Replaces(const AggregateSpec& spec, const Accumulator& into, const Cell& cell);
 
+  bool rollup_;
   std::size_t key_count_;
   std::vector<AggregateSpec> aggregates_;
   std::vector<DecimalScale> scales_;  // aggregate by aggregate

@@ -61,8 +61,8 @@ void Interpreter::Complete(Translated& translated) {
   MakeIndexes(translated.plan);
   if (translated.main) return;
   translated.main = PreparedStatement(session_.engine, translated.plan.sql);
-  if (translated.plan.has_rollup) {
-    translated.base = PreparedStatement(session_.engine, translated.plan.rollup.base_sql);
+  if (translated.plan.groups) {
+    translated.base = PreparedStatement(session_.engine, translated.plan.groups->base_sql);
   }
 }
 
@@ -89,8 +89,8 @@ void Interpreter::RunPlan(Translated& translated) {
   Complete(translated);
   session_.engine.functions->BeginStatement();
   std::optional<Groups> groups;
-  if (translated.plan.has_rollup) {
-    groups.emplace(translated.plan.rollup);
+  if (translated.plan.groups) {
+    groups.emplace(*translated.plan.groups);
     FillGroups(translated, *groups);
     session_.groups->groups = &*groups;
   }

@@ -1,6 +1,7 @@
 // What a statement becomes: SQLite statements and what to do around them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,10 +19,11 @@ struct AggregateSpec {
   ColumnType type;    // of the argument
 };
 
-// A GROUP BY … WITH ROLLUP: the base statement gives keys and arguments row by row; the grouping itself is
-// done outside SQLite and its rows are read back through the table of groups, whose columns are the keys, one
-// GROUPING flag a key, and the aggregates.
-struct RollupPlan {
+// A GROUP BY, with or without ROLLUP: the base statement gives keys and arguments row by row; the grouping
+// itself is done outside SQLite, which would sort the rows first, and its rows are read back through the
+// table of groups, whose columns are the keys, one GROUPING flag a key, and the aggregates.
+struct GroupPlan {
+  bool rollup = false;
   std::string base_sql;
   std::vector<ColumnType> keys;
   std::vector<std::string> arguments;  // SQL, as they stand in the base statement
@@ -48,8 +50,7 @@ struct Plan {
   std::vector<Column> columns;   // of kRows
   std::vector<int> variables;    // of kAssign: a variable for each column
   bool writes_identity = false;  // kChange: an insert into a table with an identity column
-  bool has_rollup = false;
-  RollupPlan rollup;
+  std::optional<GroupPlan> groups;
   std::vector<IndexRequest> indexes;
   TableInfo into;                         // of kInto
   std::vector<std::string> into_indexes;  // columns of it that get an index
@@ -58,6 +59,7 @@ struct Plan {
 
 // The table-valued reader of groups, registered on the connection.
 inline constexpr const char* kGroupsTable = "salerpt_groups";
-inline constexpr int kMaxGroupColumns = 256;
+// As many as SQLite lets a table have.
+inline constexpr int kMaxGroupColumns = 2000;
 
 }  // namespace salerpt::tsql

@@ -66,9 +66,9 @@ void Translator::PrepareGroups(const QueryBlock& block, Scope& scope, GroupConte
     }
     groups.keys.push_back(std::move(translated));
   }
-  if (groups.rollup != nullptr) {
+  if (groups.plan != nullptr) {
     groups.alias = NewAlias();
-    for (const Sql& key : groups.keys) groups.rollup->keys.push_back(key.type);
+    for (const Sql& key : groups.keys) groups.plan->keys.push_back(key.type);
   }
 }
 
@@ -79,7 +79,7 @@ bool Translator::GroupKey(const Expression& e, const Scope& scope, Sql& key) {
   for (std::size_t i = 0; i < groups.keys.size(); ++i) {
     if (!SameExpression(e, *groups.block->group_by[i], scope)) continue;
     key = groups.keys[i];
-    if (groups.rollup != nullptr) {
+    if (groups.plan != nullptr) {
       key.text = GroupColumnSql(groups, i);
       key.nocase = false;
     }
@@ -98,7 +98,7 @@ Sql Translator::GroupColumn(const ResolvedColumn& column) {
     if (other.source != column.source || other.column != column.column || other.scope != column.scope)
       continue;
     Sql result = groups.keys[i];
-    if (groups.rollup != nullptr) {
+    if (groups.plan != nullptr) {
       result.text = GroupColumnSql(groups, i);
       result.nocase = false;
     }
@@ -132,7 +132,7 @@ Sql Translator::GroupingFlag(const Expression& e, const Scope& scope) {
     const Suspension suspension(groups);
     for (std::size_t i = 0; i < groups.keys.size(); ++i) {
       if (!SameExpression(*e.args[0], *groups.block->group_by[i], scope)) continue;
-      result.text = groups.rollup == nullptr ? "0" : GroupColumnSql(groups, groups.keys.size() + i);
+      result.text = groups.plan == nullptr ? "0" : GroupColumnSql(groups, groups.keys.size() + i);
       return result;
     }
   }
@@ -166,9 +166,9 @@ Sql Translator::Aggregate(const Expression& e, const Scope& scope) {
           fmt::format("Operand data type {} is invalid for {} operator.", argument.type.Word(), e.text));
   }
   if (e.text == "min" || e.text == "max") argument = Exact(std::move(argument));
-  if (groups.rollup == nullptr) return PlainAggregate(e, argument);
+  if (groups.plan == nullptr) return PlainAggregate(e, argument);
   if (e.distinct) RaiseNotSupported("DISTINCT in an aggregate WITH ROLLUP", e.line);
-  return RollupAggregate(e, argument, groups);
+  return PlannedAggregate(e, argument, groups);
 }
 
 Sql Translator::PlainAggregate(const Expression& e, const Sql& argument) const {
@@ -207,7 +207,7 @@ Sql Translator::PlainAggregate(const Expression& e, const Sql& argument) const {
 }
 
 std::string Translator::AddAggregate(GroupContext& groups, AggregateKind kind, const Sql* argument) const {
-  RollupPlan& plan = *groups.rollup;
+  GroupPlan& plan = *groups.plan;
   AggregateSpec spec;
   spec.kind = kind;
   if (argument != nullptr) {
@@ -224,11 +224,11 @@ std::string Translator::AddAggregate(GroupContext& groups, AggregateKind kind, c
   }
   if (index == plan.aggregates.size()) plan.aggregates.push_back(spec);
   const std::size_t column = 2 * groups.keys.size() + index;
-  if (column >= kMaxGroupColumns) RaiseNotSupported("So many aggregates WITH ROLLUP", line_);
+  if (column >= kMaxGroupColumns) RaiseNotSupported("So many aggregates", line_);
   return GroupColumnSql(groups, column);
 }
 
-Sql Translator::RollupAggregate(const Expression& e, const Sql& argument, GroupContext& groups) const {
+Sql Translator::PlannedAggregate(const Expression& e, const Sql& argument, GroupContext& groups) const {
   Sql result;
   if (e.text == "count" || e.text == "count_big") {
     result.type = IntegerType(e.text == "count" ? TypeKind::kInt : TypeKind::kBigInt);

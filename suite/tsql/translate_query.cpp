@@ -33,6 +33,21 @@ bool IsGrouped(const QueryBlock& block, const std::vector<OrderItem>& order) {
                      [](const OrderItem& item) { return HasAggregate(*item.expression); });
 }
 
+// What only SQLite does with groups: aggregates of distinct values, numbers of rows.
+bool NeedsSqlite(const Expression& e) {
+  if (e.distinct || e.kind == ExpressionKind::kRowNumber) return true;
+  return std::any_of(e.args.begin(), e.args.end(),
+                     [](const ExpressionPtr& arg) { return NeedsSqlite(*arg); });
+}
+
+bool NeedsSqlite(const QueryBlock& block, const std::vector<OrderItem>& order) {
+  if (block.distinct || (block.having != nullptr && NeedsSqlite(*block.having))) return true;
+  return std::any_of(block.items.begin(), block.items.end(),
+                     [](const SelectItem& item) { return NeedsSqlite(*item.expression); }) ||
+         std::any_of(order.begin(), order.end(),
+                     [](const OrderItem& item) { return NeedsSqlite(*item.expression); });
+}
+
 std::string_view SetWord(SetOperator op) {
   switch (op) {
     case SetOperator::kUnionAll:
@@ -195,8 +210,12 @@ void Translator::OpenGroups(const QueryBlock& block, const std::vector<OrderItem
   if (block.grouping == Grouping::kRollup) {
     if (plan == nullptr) RaiseNotSupported("WITH ROLLUP in a subquery or UNION", block.line);
     if (block.distinct) RaiseNotSupported("DISTINCT WITH ROLLUP", block.line);
-    plan->has_rollup = true;
-    state.groups.rollup = &plan->rollup;
+  }
+  const bool rollup = block.grouping == Grouping::kRollup;
+  const bool plain = block.grouping == Grouping::kPlain && plan != nullptr && !NeedsSqlite(block, order);
+  if (rollup || plain) {
+    state.groups.plan = &plan->groups.emplace();
+    state.groups.plan->rollup = rollup;
   }
   if (!IsGrouped(block, order)) return;
   PrepareGroups(block, state.scope, state.groups);
@@ -239,11 +258,11 @@ std::string Translator::Assemble(const QueryBlock& block, const std::vector<std:
                                  const BlockState& state, Plan* plan) const {
   std::string text = fmt::format("SELECT {}{}", block.distinct ? "DISTINCT " : "", fmt::join(outputs, ", "));
   const GroupContext& groups = state.groups;
-  if (groups.rollup != nullptr) {
+  if (groups.plan != nullptr) {
     std::vector<std::string> base;
     for (const Sql& key : groups.keys) base.push_back(key.text);
-    base.insert(base.end(), plan->rollup.arguments.begin(), plan->rollup.arguments.end());
-    plan->rollup.base_sql = fmt::format("SELECT {}{}", fmt::join(base, ", "), state.source);
+    base.insert(base.end(), plan->groups->arguments.begin(), plan->groups->arguments.end());
+    plan->groups->base_sql = fmt::format("SELECT {}{}", fmt::join(base, ", "), state.source);
     text += fmt::format(" FROM {} AS {}", kGroupsTable, groups.alias);
     if (!state.having.empty()) text += " WHERE " + state.having;
     return text + state.tail;

@@ -30,8 +30,8 @@ struct Sql {
 // The grouped block whose select list is being translated.
 struct GroupContext {
   const QueryBlock* block = nullptr;
-  RollupPlan* rollup = nullptr;  // null: SQLite does the grouping
-  std::string alias;             // of the table of groups
+  GroupPlan* plan = nullptr;  // null: SQLite does the grouping
+  std::string alias;          // of the table of groups
   std::vector<Sql> keys;
   bool suspended = false;  // inside an aggregate: columns are those of the rows
   std::string_view clause = "select list";
@@ -130,7 +130,7 @@ class Translator {
   // Groups.
   Sql Aggregate(const Expression& e, const Scope& scope);
   Sql PlainAggregate(const Expression& e, const Sql& argument) const;
-  Sql RollupAggregate(const Expression& e, const Sql& argument, GroupContext& groups) const;
+  Sql PlannedAggregate(const Expression& e, const Sql& argument, GroupContext& groups) const;
   Sql GroupingFlag(const Expression& e, const Scope& scope);
   bool GroupKey(const Expression& e, const Scope& scope, Sql& key);
   Sql GroupColumn(const ResolvedColumn& column);

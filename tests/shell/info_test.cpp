@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "suite/accountset/accountset.h"
+#include "tests/shell/program_run.h"
 
 namespace salerpt::shell {
 namespace {
@@ -21,11 +22,6 @@ namespace fs = std::filesystem;
 using Json = nlohmann::ordered_json;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-
-struct Outcome {
-  int status = -1;
-  std::string out, err;
-};
 
 class Info : public ::testing::Test {
  protected:
@@ -39,17 +35,7 @@ class Info : public ::testing::Test {
     fs::copy_file(folder_ / "made.db", folder_ / "t.db", fs::copy_options::overwrite_existing);
   }
 
-  static Outcome Run(const std::string& words) {
-    const std::string command = "cd '" + folder_.string() +
-                                "' && NO_COLOR= SALERPT_DB=t.db '" SALERPT_SHELL "' " + words +
-                                " >.out 2>.err </dev/null";
-    Outcome outcome;
-    const int state = std::system(command.c_str());
-    outcome.status = WIFEXITED(state) ? WEXITSTATUS(state) : 128 + WTERMSIG(state);
-    outcome.out = Content(".out");
-    outcome.err = Content(".err");
-    return outcome;
-  }
+  static Outcome Run(const std::string& words) { return RunProgramIn(folder_, words); }
   static void Write(const std::string& name, const std::string& text) {
     std::ofstream(folder_ / name) << text;
   }
@@ -74,11 +60,6 @@ class Info : public ::testing::Test {
   }
 
  private:
-  static std::string Content(const std::string& name) {
-    std::ostringstream text;
-    text << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
-    return text.str();
-  }
   static fs::path folder_;
 };
 fs::path Info::folder_;

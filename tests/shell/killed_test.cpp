@@ -18,6 +18,7 @@
 #include "runtime/vector.h"
 #include "suite/accountset/accountset.h"
 #include "suite/middletier/middletier.h"
+#include "test_places.h"
 
 namespace salerpt::shell {
 namespace {
@@ -54,7 +55,7 @@ class SharedFolder : public ::testing::Test {
     ::dup2(::open("/dev/null", O_RDONLY), 0);
     ::dup2(::open(out.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600), 1);
     ::dup2(::open(err.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600), 2);
-    ::execv(SALERPT_SHELL, arguments.data());
+    ::execv(tests::Program(), arguments.data());
     ::_exit(127);
   }
   // The exit status, or 128 and the signal.

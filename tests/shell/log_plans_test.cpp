@@ -8,6 +8,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "tests/shell/program_run.h"
+
 namespace salerpt::shell {
 namespace {
 
@@ -37,24 +39,9 @@ Insert Into t_RptPlanValue(FUserID,FRptID,FPlan,FIndex,FKey,FValue) Values (1639
   }
   static void TearDownTestSuite() { fs::remove_all(folder_); }
 
-  struct Outcome {
-    int status = -1;
-    std::string out, err;
-  };
-  static Outcome Run(const std::string& words) {
-    const std::string command = "cd '" + folder_.string() +
-                                "' && NO_COLOR= SALERPT_DB=t.db '" SALERPT_SHELL "' " + words +
-                                " >.out 2>.err </dev/null";
-    const int state = std::system(command.c_str());
-    return {WIFEXITED(state) ? WEXITSTATUS(state) : -1, Content(".out"), Content(".err")};
-  }
+  static Outcome Run(const std::string& words) { return RunProgramIn(folder_, words); }
 
  private:
-  static std::string Content(const std::string& name) {
-    std::ostringstream text;
-    text << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
-    return text.str();
-  }
   static fs::path folder_;
 };
 fs::path LogAndPlans::folder_;

@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "tests/shell/program_run.h"
+
 namespace salerpt::shell {
 namespace {
 
@@ -25,27 +27,12 @@ class PlanOptions : public ::testing::Test {
   }
   ~PlanOptions() override { fs::remove_all(folder_); }
 
-  struct Outcome {
-    int status = -1;
-    std::string out, err;
-  };
-  [[nodiscard]] Outcome Run(const std::string& words) const {
-    const std::string command = "cd '" + folder_.string() +
-                                "' && NO_COLOR= SALERPT_DB=t.db '" SALERPT_SHELL "' " + words +
-                                " >.out 2>.err </dev/null";
-    const int state = std::system(command.c_str());
-    return {WIFEXITED(state) ? WEXITSTATUS(state) : -1, Content(".out"), Content(".err")};
-  }
+  [[nodiscard]] Outcome Run(const std::string& words) const { return RunProgramIn(folder_, words); }
   void Write(const std::string& name, const std::string& text) const {
     std::ofstream(folder_ / name) << text;
   }
 
  private:
-  [[nodiscard]] std::string Content(const std::string& name) const {
-    std::ostringstream text;
-    text << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
-    return text.str();
-  }
   fs::path folder_;
 };
 

@@ -13,6 +13,8 @@
 #include <sstream>
 #include <thread>
 
+#include "tests/shell/program_run.h"
+
 namespace salerpt::shell {
 namespace {
 
@@ -21,17 +23,6 @@ using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
-
-struct Outcome {
-  int status = -1;
-  std::string out, err;
-};
-
-std::string Content(const fs::path& file) {
-  std::ostringstream text;
-  text << std::ifstream(file, std::ios::binary).rdbuf();
-  return text.str();
-}
 
 // A folder with a small account set; gone at the end.
 class Program : public ::testing::Test {
@@ -45,15 +36,7 @@ class Program : public ::testing::Test {
 
   // Runs `salerpt` with these words, as a shell would, in the folder.
   static Outcome Run(const std::string& words, const std::string& before = "") {
-    const std::string command = "cd '" + folder_.string() + "' && " + before +
-                                " NO_COLOR= SALERPT_DB=t.db '" SALERPT_SHELL "' " + words +
-                                " >.out 2>.err </dev/null";
-    Outcome outcome;
-    const int state = std::system(command.c_str());
-    outcome.status = WIFEXITED(state) ? WEXITSTATUS(state) : 128 + WTERMSIG(state);
-    outcome.out = Content(folder_ / ".out");
-    outcome.err = Content(folder_ / ".err");
-    return outcome;
+    return RunProgramIn(folder_, words, before);
   }
   static void Write(const std::string& name, const std::string& text) {
     std::ofstream(folder_ / name) << text;
@@ -70,6 +53,7 @@ class Program : public ::testing::Test {
 };
 fs::path Program::folder_;
 
+const std::string kProgram = tests::Program();
 constexpr const char* kYears = "BDate=2023-01-01 EDate=2025-12-31";
 
 TEST_F(Program, TellsItsCommandsAndTheHelpOfEach) {
@@ -218,8 +202,7 @@ TEST_F(Program, LeavesNoFileWhereThereIsNoRoom) {
 }
 
 TEST_F(Program, TellsThatStandardOutputIsFull) {
-  const std::string command =
-      "'" SALERPT_SHELL "' reports >/dev/full 2>'" + (folder_ / ".err").string() + "'";
+  const std::string command = "'" + kProgram + "' reports >/dev/full 2>'" + (folder_ / ".err").string() + "'";
   const int state = std::system(command.c_str());
   EXPECT_EQ(WEXITSTATUS(state), 2);
   EXPECT_EQ(Content(folder_ / ".err"),
@@ -227,8 +210,7 @@ TEST_F(Program, TellsThatStandardOutputIsFull) {
 }
 
 TEST_F(Program, EndsQuietlyWhenItsReaderGoesAway) {
-  const std::string command = "cd '" + folder_.string() +
-                              "' && { '" SALERPT_SHELL
+  const std::string command = "cd '" + folder_.string() + "' && { '" + kProgram +
                               "' show Rpt147 --db t.db BYear=2023 BPeriod=1 2>.err; "
                               "echo $? >.status; } | head -1 >.out";
   ASSERT_EQ(std::system(command.c_str()), 0);
@@ -252,7 +234,7 @@ std::string Drawn(const fs::path& folder, const char* no_color) {
     ::setenv("TERM", "xterm", 1);
     ::setenv("NO_COLOR", no_color, 1);
     const std::string db = (folder / "t.db").string();
-    ::execl(SALERPT_SHELL, "salerpt", "show", "Rpt128", "--db", db.c_str(), "BDate=2023-01-01",
+    ::execl(kProgram.c_str(), "salerpt", "show", "Rpt128", "--db", db.c_str(), "BDate=2023-01-01",
             "EDate=2025-12-31", "GroupBy=0", nullptr);
     ::_exit(127);
   }
@@ -325,7 +307,7 @@ TEST_F(Program, LeavesNothingBehindWhenItIsInterrupted) {
   ASSERT_GE(child, 0);
   if (child == 0) {
     const std::string db = (folder / "big.db").string();
-    ::execl(SALERPT_SHELL, "salerpt", "init", db.c_str(), "--lines", "5000000", nullptr);
+    ::execl(kProgram.c_str(), "salerpt", "init", db.c_str(), "--lines", "5000000", nullptr);
     ::_exit(127);
   }
   // Once there is a file, it is at work.

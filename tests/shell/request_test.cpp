@@ -14,6 +14,7 @@
 #include "runtime/report_interfaces.h"
 #include "shell/recorded/json_value.h"
 #include "shell/recorded/request.h"
+#include "test_places.h"
 
 namespace salerpt::shell {
 namespace {
@@ -260,7 +261,7 @@ struct Ran {
 
 // Runs the program with arguments; standard error comes in `out` too.
 Ran RunProgram(const std::string& arguments) {
-  std::FILE* pipe = popen((std::string(SALERPT_SHELL) + " " + arguments + " 2>&1").c_str(), "r");
+  std::FILE* pipe = popen((std::string(tests::Program()) + " " + arguments + " 2>&1").c_str(), "r");
   Ran ran{-1, {}};
   if (pipe == nullptr) return ran;
   std::array<char, 4096> block{};

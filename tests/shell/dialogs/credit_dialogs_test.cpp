@@ -1,7 +1,8 @@
 // The dialogs of the credit reports.
-#include "tests/shell/dialogs/dialog_answer.h"
+#include "tests/shell/dialogs/ran_dialog.h"
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace salerpt::shell {
 namespace {
@@ -14,101 +15,100 @@ constexpr const char* kCreditDialogs[] = {"frmFirter145", "frmFirter146", "frmFi
 constexpr std::string_view kNoBoxes = "[]";
 
 // The settings written, section and key, in the order of writing.
-std::string Settings(const DialogAnswer& answer) {
+std::string Settings(const Json& ran) {
   std::string lines;
-  for (const auto& [place, value] : answer.All().at("settings").items()) {
+  for (const auto& [place, value] : ran.at("settings").items()) {
     lines += place.substr(place.find('/') + 1) + "=" + value.get<std::string>() + "\n";
   }
   return lines;
 }
 
 TEST(CreditDialogs, QuantityWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter145");
+  const Json ran = RanBare("frmFirter145");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05", "FICItemIDFrom": "", "FICItemIDTo": "",
       "FItemIDFrom": "", "FItemIDTo": "", "FCreditClass": 0, "FGroupID": 0, "CreditTypeName": "销售合同"})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 145, "FICItemIDFrom": "", "FICItemIDTo": "", "FItemIDFrom": "",
       "FItemIDTo": "", "CreditType": "0", "CreditObj": "0"})"));
-  EXPECT_THAT(answer.ArgumentsOf("UpdateNextChooseValue"), IsEmpty());
+  EXPECT_THAT(ArgumentsOf(ran, "UpdateNextChooseValue"), IsEmpty());
 }
 
 TEST(CreditDialogs, AmountWritesItsStartValuesInTheBaseCurrency) {
-  const DialogAnswer answer("frmFirter146");
+  const Json ran = RanBare("frmFirter146");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05", "FCurrencyNumber": "", "FCurrencyID": 1,
       "FItemIDFrom": "", "FItemIDTo": "", "FCreditClass": 0, "FGroupID": 0, "CreditTypeName": "销售合同",
       "FExchangeRate": 1, "FCurrencyName": "本位币", "CreditObj": 0, "CreditTypeIndex": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 145, "FCurrency": "", "FItemIDFrom": "", "FItemIDTo": "",
       "CreditObj": "0", "CreditType": "0"})"));
 }
 
 TEST(CreditDialogs, TermWritesItsStartValuesInTheBaseCurrency) {
-  const DialogAnswer answer("frmFirter149");
+  const Json ran = RanBare("frmFirter149");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "FDate": "2024-03-05", "FItemIDFrom": "", "FItemIDTo": "", "FCurrentcyID": "",
       "FCreditClass": 0, "CreditTypeName": "客户", "FCurrencyID": 1, "FRate": 1, "FCurrencyName": "本位币",
       "CreditObj": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 145, "FCurrency": "", "FItemIDFrom": "", "FItemIDTo": "",
       "FDate": "2024-03-05", "CreditObj": "0"})"));
 }
 
 TEST(CreditDialogs, QuantityRestoresAPlan) {
-  const DialogAnswer answer("frmFirter145", R"({"plans": {"status": "夏", "夏": {"FICItemIDFrom": "a",
+  const Json ran = RanBare("frmFirter145", R"({"plans": {"status": "夏", "夏": {"FICItemIDFrom": "a",
       "FICItemIDTo": "b", "FItemIDFrom": "c", "FItemIDTo": "d", "CreditType": "3", "CreditObj": "4"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05", "FICItemIDFrom": "a", "FICItemIDTo": "b",
       "FItemIDFrom": "c", "FItemIDTo": "d", "FCreditClass": 4, "FGroupID": 3, "CreditTypeName": "销售发票"})"));
-  EXPECT_EQ(answer.State("Label3", "caption"), "业务员类别:");
-  EXPECT_EQ(answer.SavedPlan(), "") << "a named plan stays as it was saved";
+  EXPECT_EQ(Shown(ran, "Label3").at("caption"), "业务员类别:");
+  EXPECT_EQ(SavedLines(ran), "") << "a named plan stays as it was saved";
 }
 
 TEST(CreditDialogs, AmountRestoresAPlan) {
-  const DialogAnswer answer("frmFirter146", R"j({"plans": {"status": "夏", "夏": {"FCurrency": "USD",
+  const Json ran = RanBare("frmFirter146", R"j({"plans": {"status": "夏", "夏": {"FCurrency": "USD",
       "FItemIDFrom": "c", "FItemIDTo": "d", "CreditObj": "2", "CreditType": "1"}},
       "steps": [{"state": "opened"}, {"click": "cmdOK"}]})j");
 
-  EXPECT_EQ(answer.Text("txtItem(0)", "opened"), "USD");
-  EXPECT_EQ(answer.Text("txtItem(2)", "opened"), "c");
-  EXPECT_EQ(answer.Text("txtItem(3)", "opened"), "d");
-  EXPECT_EQ(answer.FilterValue("FCurrencyNumber"), "USD");
-  EXPECT_EQ(answer.FilterValue("FCreditClass"), 2);
-  EXPECT_EQ(answer.FilterValue("FGroupID"), 1);
-  EXPECT_EQ(answer.FilterValue("CreditTypeIndex"), 1);
-  EXPECT_EQ(answer.FilterValue("CreditTypeName"), "销售订单");
-  EXPECT_EQ(answer.State("Label3", "caption", "opened"), "部门代码:");
+  EXPECT_EQ(Text(ran, "opened", "txtItem(0)"), "USD");
+  EXPECT_EQ(Text(ran, "opened", "txtItem(2)"), "c");
+  EXPECT_EQ(Text(ran, "opened", "txtItem(3)"), "d");
+  EXPECT_EQ(FilterValue(ran, "FCurrencyNumber"), "USD");
+  EXPECT_EQ(FilterValue(ran, "FCreditClass"), 2);
+  EXPECT_EQ(FilterValue(ran, "FGroupID"), 1);
+  EXPECT_EQ(FilterValue(ran, "CreditTypeIndex"), 1);
+  EXPECT_EQ(FilterValue(ran, "CreditTypeName"), "销售订单");
+  EXPECT_EQ(Shown(ran, "opened", "Label3").at("caption"), "部门代码:");
 }
 
 TEST(CreditDialogs, TermRestoresAPlanWithItsDate) {
-  const DialogAnswer answer("frmFirter149", R"({"plans": {"status": "夏", "夏": {"FCurrency": "EUR",
+  const Json ran = RanBare("frmFirter149", R"({"plans": {"status": "夏", "夏": {"FCurrency": "EUR",
       "FItemIDFrom": "c", "FItemIDTo": "d", "FDate": "2023-06-30", "CreditObj": "3"}}})");
 
-  EXPECT_EQ(answer.FilterValue("FDate"), "2023-06-30");
-  EXPECT_EQ(answer.FilterValue("FCurrentcyID"), "EUR");
-  EXPECT_EQ(answer.FilterValue("FCreditClass"), 3);
-  EXPECT_EQ(answer.FilterValue("CreditTypeName"), "客户类别");
-  EXPECT_EQ(answer.State("Label3", "caption"), "客户类别:");
+  EXPECT_EQ(FilterValue(ran, "FDate"), "2023-06-30");
+  EXPECT_EQ(FilterValue(ran, "FCurrentcyID"), "EUR");
+  EXPECT_EQ(FilterValue(ran, "FCreditClass"), 3);
+  EXPECT_EQ(FilterValue(ran, "CreditTypeName"), "客户类别");
+  EXPECT_EQ(Shown(ran, "Label3").at("caption"), "客户类别:");
 }
 
 TEST(CreditDialogs, BoxesAndCaptionsAsTheUserReadsThem) {
   for (const char* dialog : kCreditDialogs) {
-    const DialogAnswer answer(dialog);
-    EXPECT_THAT(answer.Items("cmbCreditObj"),
+    const Json ran = RanBare(dialog);
+    EXPECT_THAT(ItemTexts(ran, "cmbCreditObj"),
                 ElementsAre("客户", "业务员", "部门", "客户类别", "业务员类别"));
-    EXPECT_THAT(answer.Captions(), IsSupersetOf({"信用对象:", "客户代码:", "确定(&O)", "取消(&C)"}))
-        << dialog;
+    EXPECT_THAT(Captions(ran), IsSupersetOf({"信用对象:", "客户代码:", "确定(&O)", "取消(&C)"})) << dialog;
   }
-  EXPECT_THAT(DialogAnswer("frmFirter145").Items("Cmb_CreditType"),
+  EXPECT_THAT(ItemTexts(RanBare("frmFirter145"), "Cmb_CreditType"),
               ElementsAre("销售合同", "销售订单", "销售出库单", "销售发票"));
-  EXPECT_THAT(DialogAnswer("frmFirter145").Captions(), IsSupersetOf({"信用管理范围:"}));
-  EXPECT_THAT(DialogAnswer("frmFirter146").Captions(), IsSupersetOf({"信用管理范围:", "折算币别:"}));
-  EXPECT_THAT(DialogAnswer("frmFirter149").Captions(), IsSupersetOf({"折算币别:", "计算日期:"}));
+  EXPECT_THAT(Captions(RanBare("frmFirter145")), IsSupersetOf({"信用管理范围:"}));
+  EXPECT_THAT(Captions(RanBare("frmFirter146")), IsSupersetOf({"信用管理范围:", "折算币别:"}));
+  EXPECT_THAT(Captions(RanBare("frmFirter149")), IsSupersetOf({"折算币别:", "计算日期:"}));
 }
 
 // --- The object of the credit
@@ -128,40 +128,40 @@ TEST(CreditDialogs, TheObjectDecidesLabelAndLookUp) {
   };
   for (const char* dialog : kCreditDialogs) {
     for (int index = 0; const Object& object : objects) {
-      const DialogAnswer answer(dialog, R"j({"steps": [{"select": "cmbCreditObj", "index": )j" +
-                                            std::to_string(index++) +
-                                            R"j(}, {"type": "txtItem(3)", "text": "x"},
+      const Json ran =
+          RanBare(dialog, R"j({"steps": [{"select": "cmbCreditObj", "index": )j" + std::to_string(index++) +
+                              R"j(}, {"type": "txtItem(3)", "text": "x"},
                                                 {"click": "cmdItem(3)"}]})j");
-      EXPECT_EQ(answer.State("Label3", "caption"), object.caption) << dialog;
-      ASSERT_EQ(answer.ArgumentsOf(object.member).size(), 1u) << dialog << object.caption;
-      EXPECT_THAT(answer.ArgumentsOf(object.member).at(0), ::testing::StartsWith(object.arguments));
-      EXPECT_EQ(answer.Text("txtItem(3)"), "x") << "changing the object leaves the codes";
+      EXPECT_EQ(Shown(ran, "Label3").at("caption"), object.caption) << dialog;
+      ASSERT_EQ(ArgumentsOf(ran, object.member).size(), 1u) << dialog << object.caption;
+      EXPECT_THAT(ArgumentsOf(ran, object.member).at(0), ::testing::StartsWith(object.arguments));
+      EXPECT_EQ(Text(ran, "txtItem(3)"), "x") << "changing the object leaves the codes";
     }
   }
 }
 
 TEST(CreditDialogs, QuantityLooksUpItemsInItsFirstPair) {
-  const DialogAnswer answer("frmFirter145", R"j({"profile": {"IC/UseShortNumber": 1},
+  const Json ran = RanBare("frmFirter145", R"j({"profile": {"IC/UseShortNumber": 1},
       "lookups": [{"Number": "01.7", "FShortNumber": "7"}, {"Number": "01.8", "FShortNumber": "8"}],
       "steps": [{"click": "cmdItem(0)"}, {"key": 119, "on": "txtItem(1)"}, {"click": "cmdOK"}]})j");
 
-  EXPECT_EQ(answer.FilterValue("FICItemIDFrom"), "7");
-  EXPECT_EQ(answer.FilterValue("FICItemIDTo"), "8");
-  EXPECT_THAT(answer.ArgumentsOf("ItemLookUp"),
+  EXPECT_EQ(FilterValue(ran, "FICItemIDFrom"), "7");
+  EXPECT_EQ(FilterValue(ran, "FICItemIDTo"), "8");
+  EXPECT_THAT(ArgumentsOf(ran, "ItemLookUp"),
               ElementsAre(R"([4,"","",{"BeShortNumber":true,"GetDataType":1,"Search":""}])",
                           R"([4,"","",{"BeShortNumber":true,"GetDataType":1,"Search":""}])"));
 }
 
 TEST(CreditDialogs, ObjectsAreHandedOverByTheIdThatTheirLookUpGave) {
   for (const char* dialog : {"frmFirter146", "frmFirter149"}) {
-    const DialogAnswer answer(
-        dialog, R"j({"lookups": [{"Number": "C1", "FItemID": 55}, {"Number": "C9", "FItemID": 66}],
+    const Json ran =
+        RanBare(dialog, R"j({"lookups": [{"Number": "C1", "FItemID": 55}, {"Number": "C9", "FItemID": 66}],
         "steps": [{"key": 118, "on": "txtItem(2)"}, {"click": "cmdItem(3)"}, {"state": "chosen"},
                   {"click": "cmdOK"}]})j");
-    EXPECT_EQ(answer.FilterValue("FItemIDFrom"), 55) << dialog;
-    EXPECT_EQ(answer.FilterValue("FItemIDTo"), 66) << dialog;
-    EXPECT_EQ(answer.Text("txtItem(2)", "chosen"), "C1");
-    EXPECT_EQ(answer.Text("txtItem(3)", "chosen"), "C9");
+    EXPECT_EQ(FilterValue(ran, "FItemIDFrom"), 55) << dialog;
+    EXPECT_EQ(FilterValue(ran, "FItemIDTo"), 66) << dialog;
+    EXPECT_EQ(Text(ran, "chosen", "txtItem(2)"), "C1");
+    EXPECT_EQ(Text(ran, "chosen", "txtItem(3)"), "C9");
   }
 }
 
@@ -173,75 +173,76 @@ TEST(CreditDialogs, ACurrencyIsResolvedAtTheConfirmation) {
       "rows": [["USD", 3, "美元", 7.25]]}},
       "steps": [{"type": "txtItem(0)", "text": "usd"}, {"click": "cmdOK"}]})j";
   for (const auto& [dialog, rate] : {std::pair{"frmFirter146", "FExchangeRate"}, {"frmFirter149", "FRate"}}) {
-    const DialogAnswer answer(dialog, with_row);
-    EXPECT_THAT(answer.ArgumentsOf("Execute"),
+    const Json ran = RanBare(dialog, with_row);
+    EXPECT_THAT(ArgumentsOf(ran, "Execute"),
                 ElementsAre(R"(["select * From t_currency Where FNumber ='usd'"])"));
-    EXPECT_EQ(answer.FilterValue("FCurrencyID"), 3);
-    EXPECT_EQ(answer.FilterValue("FCurrencyName"), "美元");
-    EXPECT_EQ(answer.FilterValue(rate), 7.25);
-    EXPECT_EQ(answer.Text("txtItem(0)"), "USD") << "the text takes the code as it is spelled there";
+    EXPECT_EQ(FilterValue(ran, "FCurrencyID"), 3);
+    EXPECT_EQ(FilterValue(ran, "FCurrencyName"), "美元");
+    EXPECT_EQ(FilterValue(ran, rate), 7.25);
+    EXPECT_EQ(Text(ran, "txtItem(0)"), "USD") << "the text takes the code as it is spelled there";
   }
 }
 
 TEST(CreditDialogs, ACodeThatNoCurrencyHasMeansTheBaseCurrency) {
   for (const auto& [dialog, rate] : {std::pair{"frmFirter146", "FExchangeRate"}, {"frmFirter149", "FRate"}}) {
-    const DialogAnswer answer(dialog,
-                              R"j({"steps": [{"type": "txtItem(0)", "text": "XXX"}, {"click": "cmdOK"}]})j");
-    EXPECT_EQ(answer.FilterValue("OK"), true);
-    EXPECT_EQ(answer.FilterValue("FCurrencyID"), 1);
-    EXPECT_EQ(answer.FilterValue("FCurrencyName"), "本位币");
-    EXPECT_EQ(answer.FilterValue(rate), 1);
+    const Json ran =
+        RanBare(dialog, R"j({"steps": [{"type": "txtItem(0)", "text": "XXX"}, {"click": "cmdOK"}]})j");
+    EXPECT_EQ(FilterValue(ran, "OK"), true);
+    EXPECT_EQ(FilterValue(ran, "FCurrencyID"), 1);
+    EXPECT_EQ(FilterValue(ran, "FCurrencyName"), "本位币");
+    EXPECT_EQ(FilterValue(ran, rate), 1);
   }
 }
 
 TEST(CreditDialogs, BlanksAreNoCurrency) {
-  const DialogAnswer answer("frmFirter146",
-                            R"j({"steps": [{"type": "txtItem(0)", "text": "  "}, {"click": "cmdOK"}]})j");
-  EXPECT_THAT(answer.ArgumentsOf("Execute"), IsEmpty());
-  EXPECT_EQ(answer.FilterValue("FCurrencyName"), "本位币");
+  const Json ran =
+      RanBare("frmFirter146", R"j({"steps": [{"type": "txtItem(0)", "text": "  "}, {"click": "cmdOK"}]})j");
+  EXPECT_THAT(ArgumentsOf(ran, "Execute"), IsEmpty());
+  EXPECT_EQ(FilterValue(ran, "FCurrencyName"), "本位币");
 }
 
 TEST(CreditDialogs, ACurrencyLookUpKeepsWhatItSaw) {
   const std::string case_text = R"j({"lookups": [{"Number": "USD", "FShortNumber": "USD", "FCurrencyID": 3,
       "FName": "美元", "FExchangeRate": 7.1, "FRate": 6.9}], "steps": [{"click": "cmdItem(0)"}]})j";
-  const DialogAnswer amount("frmFirter146", case_text);
-  EXPECT_THAT(amount.ArgumentsOf("CurrencyLookup"), ElementsAre(R"([""])"));
-  EXPECT_EQ(amount.Text("txtItem(0)"), "USD");
-  EXPECT_EQ(amount.FilterValue("FCurrencyID"), 3);
-  EXPECT_EQ(amount.FilterValue("FCurrencyName"), "美元");
-  EXPECT_EQ(amount.FilterValue("FExchangeRate"), 7.1);
-  EXPECT_EQ(amount.FilterValue("OK"), false);
-  EXPECT_EQ(DialogAnswer("frmFirter149", case_text).FilterValue("FRate"), 6.9);
+  const Json amount = RanBare("frmFirter146", case_text);
+  EXPECT_THAT(ArgumentsOf(amount, "CurrencyLookup"), ElementsAre(R"([""])"));
+  EXPECT_EQ(Text(amount, "txtItem(0)"), "USD");
+  EXPECT_EQ(FilterValue(amount, "FCurrencyID"), 3);
+  EXPECT_EQ(FilterValue(amount, "FCurrencyName"), "美元");
+  EXPECT_EQ(FilterValue(amount, "FExchangeRate"), 7.1);
+  EXPECT_EQ(FilterValue(amount, "OK"), false);
+  EXPECT_EQ(FilterValue(RanBare("frmFirter149", case_text), "FRate"), 6.9);
 }
 
 // --- Dates, keys
 
 TEST(CreditDialogs, QuantityRefusesAReversedRange) {
-  const DialogAnswer answer("frmFirter145", R"({"steps": [{"date": "DtpBDate", "value": "2024-03-06"},
+  const Json ran = RanBare("frmFirter145", R"({"steps": [{"date": "DtpBDate", "value": "2024-03-06"},
       {"click": "cmdOK"}, {"state": "refused"}]})");
-  EXPECT_EQ(answer.Boxes(), R"([{"text":"起始日期不能大于截止日期!","title":"青岚提示：","style":64}])");
-  EXPECT_EQ(answer.All().at("states").at("refused").at("DtpBDate").at("value"), "2024-03-05");
-  EXPECT_EQ(answer.FilterValue("OK"), false);
-  EXPECT_FALSE(answer.IsClosed());
-  EXPECT_EQ(Settings(answer), "") << "nothing is left behind while the dialog stands";
+  EXPECT_EQ(ran.at("boxes").dump(),
+            R"([{"text":"起始日期不能大于截止日期!","title":"青岚提示：","style":64}])");
+  EXPECT_EQ(Shown(ran, "refused", "DtpBDate").at("value"), "2024-03-05");
+  EXPECT_EQ(FilterValue(ran, "OK"), false);
+  EXPECT_FALSE(ran.at("closed"));
+  EXPECT_EQ(Settings(ran), "") << "nothing is left behind while the dialog stands";
 }
 
 TEST(CreditDialogs, AmountTakesAReversedRange) {
-  const DialogAnswer answer("frmFirter146", R"({"steps": [{"date": "DtpBDate", "value": "2024-03-06"},
+  const Json ran = RanBare("frmFirter146", R"({"steps": [{"date": "DtpBDate", "value": "2024-03-06"},
       {"click": "cmdOK"}]})");
-  EXPECT_EQ(answer.Boxes(), kNoBoxes);
-  EXPECT_EQ(answer.FilterValue("BDate"), "2024-03-06");
-  EXPECT_EQ(answer.FilterValue("EDate"), "2024-03-05");
-  EXPECT_TRUE(answer.IsClosed());
+  EXPECT_EQ(ran.at("boxes").dump(), kNoBoxes);
+  EXPECT_EQ(FilterValue(ran, "BDate"), "2024-03-06");
+  EXPECT_EQ(FilterValue(ran, "EDate"), "2024-03-05");
+  EXPECT_TRUE(ran.at("closed"));
 }
 
 TEST(CreditDialogs, EnterMovesOnAndNoQuoteArrives) {
   for (const char* dialog : kCreditDialogs) {
-    const DialogAnswer answer(dialog, R"j({"steps": [{"type": "txtItem(2)", "text": "a'b"},
+    const Json ran = RanBare(dialog, R"j({"steps": [{"type": "txtItem(2)", "text": "a'b"},
         {"key": 13, "on": "txtItem(2)"}, {"key": 27, "on": "txtItem(3)"}]})j");
-    EXPECT_EQ(answer.Text("txtItem(2)"), "ab") << dialog;
-    EXPECT_EQ(answer.All().at("keys").dump(), R"(["{TAB}"])") << dialog;
-    EXPECT_FALSE(answer.IsClosed()) << dialog;
+    EXPECT_EQ(Text(ran, "txtItem(2)"), "ab") << dialog;
+    EXPECT_EQ(ran.at("keys").dump(), R"(["{TAB}"])") << dialog;
+    EXPECT_FALSE(ran.at("closed")) << dialog;
   }
 }
 
@@ -249,13 +250,13 @@ TEST(CreditDialogs, EnterMovesOnAndNoQuoteArrives) {
 
 TEST(CreditDialogs, QuantityLeavesItsValuesBehindWhetherConfirmedOrCancelled) {
   for (const char* button : {"cmdOK", "cmdCacel"}) {
-    const DialogAnswer answer("frmFirter145", std::string(R"j({"steps": [
+    const Json ran = RanBare("frmFirter145", std::string(R"j({"steps": [
         {"date": "DtpBDate", "value": "2024-02-01"}, {"type": "txtItem(0)", "text": "a"},
         {"type": "txtItem(1)", "text": "b"}, {"type": "txtItem(2)", "text": "c"},
         {"type": "txtItem(3)", "text": "d"}, {"select": "cmbCreditObj", "index": 3}, {"click": ")j") +
-                                                  button + R"("}]})");
-    EXPECT_TRUE(answer.IsClosed());
-    EXPECT_EQ(Settings(answer),
+                                                 button + R"("}]})");
+    EXPECT_TRUE(ran.at("closed"));
+    EXPECT_EQ(Settings(ran),
               "145ORVSaleRpt/BDate=2024-02-01\n145ORVSaleRpt/EDate=2024-03-05\n"
               "145ORVSaleRpt/BItem=a\n145ORVSaleRpt/EItem=b\n145ORVSaleRpt/BCustEmp=c\n"
               "145ORVSaleRpt/ECustEmp=d\n145ORVSaleRpt/CreditObj=3\n");
@@ -265,20 +266,20 @@ TEST(CreditDialogs, QuantityLeavesItsValuesBehindWhetherConfirmedOrCancelled) {
 TEST(CreditDialogs, AmountLeavesItsValuesBehindWhetherConfirmedOrCancelled) {
   const std::string steps = R"j({"lookups": [{"Number": "C1", "FItemID": 55}], "steps": [
       {"click": "cmdItem(2)"}, {"type": "txtItem(3)", "text": "d"}, {"click": ")j";
-  const DialogAnswer confirmed("frmFirter146", steps + R"(cmdOK"}]})");
+  const Json confirmed = RanBare("frmFirter146", steps + R"(cmdOK"}]})");
   EXPECT_EQ(Settings(confirmed),
             "145ORVSaleRpt/BDate=2024-03-05\n145ORVSaleRpt/EDate=2024-03-05\n"
             "145ORVSaleRpt/FCurrencyNumber=\n145ORVSaleRpt/FCurrencyID=1\n"
             "145ORVSaleRpt/FCurrencyName=本位币\n145ORVSaleRpt/FExchangeRate=1\n"
             "145ORVSaleRpt/BCustEmp=C1\n145ORVSaleRpt/BCustEmpID=55\n145ORVSaleRpt/ECustEmp=d\n"
             "145ORVSaleRpt/ECustEmpID=\n145ORVSaleRpt/CreditObj=0\n");
-  const DialogAnswer cancelled("frmFirter146", steps + R"(cmdCacel"}]})");
-  EXPECT_EQ(cancelled.FilterValue("OK"), false);
-  EXPECT_EQ(cancelled.All().at("settings").size(), 11u);
+  const Json cancelled = RanBare("frmFirter146", steps + R"(cmdCacel"}]})");
+  EXPECT_EQ(FilterValue(cancelled, "OK"), false);
+  EXPECT_EQ(cancelled.at("settings").size(), 11u);
 }
 
 TEST(CreditDialogs, TermLeavesNothingBehind) {
-  EXPECT_EQ(Settings(DialogAnswer("frmFirter149")), "");
+  EXPECT_EQ(Settings(RanBare("frmFirter149")), "");
 }
 
 }  // namespace

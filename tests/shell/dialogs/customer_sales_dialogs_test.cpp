@@ -1,6 +1,9 @@
 // The dialogs of customer sales, returns and sales flow.
 #include "tests/shell/dialogs/ran_dialog.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 namespace salerpt::shell {
 namespace {
 

@@ -1,7 +1,8 @@
 // The dialogs of the fee invoice reports.
-#include "tests/shell/dialogs/dialog_answer.h"
+#include "tests/shell/dialogs/ran_dialog.h"
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace salerpt::shell {
 namespace {
@@ -22,25 +23,30 @@ std::string World(const std::string& more) {
          more + "}";
 }
 
-// The answer to a confirmation with these two boxes chosen.
-DialogAnswer Grouped(int invoice_style, int group_row) {
-  return DialogAnswer("frmFirter301",
-                      World(R"("steps": [{"select": "cmbInvoiceStyle", "index": )" +
-                            std::to_string(invoice_style) + R"(}, {"select": "cmbGroupBy", "index": )" +
-                            std::to_string(group_row) + R"(}, {"click": "cmdOK"}])"));
+// Confirmed with these two boxes chosen.
+Json Grouped(int invoice_style, int group_row) {
+  return RanBare("frmFirter301",
+                 World(R"("steps": [{"select": "cmbInvoiceStyle", "index": )" +
+                       std::to_string(invoice_style) + R"(}, {"select": "cmbGroupBy", "index": )" +
+                       std::to_string(group_row) + R"(}, {"click": "cmdOK"}])"));
+}
+// Whether the user reaches the control.
+bool IsAvailable(const Json& ran, std::string_view control) {
+  const Json& state = Shown(ran, control);
+  return state.at("enabled") == true && state.at("visible") == true;
 }
 
 TEST(FeeInvoiceDialogs, SummaryWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter301", World(R"("steps": [{"click": "cmdOK"}])"));
+  const Json ran = RanBare("frmFirter301", World(R"("steps": [{"click": "cmdOK"}])"));
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05", "BItemClass": "",
       "BFeeNumber": "", "EFeeNumber": "", "BCust": "", "ECust": "", "BSupply": "", "ESupply": "",
       "GroupBy": 1, "OnlyShowSum": 1, "BLevel": 1, "ELevel": 4, "SumMode": 1,
       "SumField": {"FPropID": 0, "FSQLColumnName": "FName", "FSrcTable": "", "FSrcField": "",
                    "FDisplayField": ""},
       "CheckState": 0, "InvoiceStyle": 0, "HookStatus": 2})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 301, "BDate": "2024-03-05", "EDate": "2024-03-05", "ItemClass": "",
       "BFee": "", "EFee": "", "BCust": "", "ECust": "", "BSupply": "", "ESupply": "",
       "BLevel": "1", "ELevel": "4", "chkGroupBy": "1", "OnlyShowSum": "1", "GroupByListIndex": "0",
@@ -48,27 +54,27 @@ TEST(FeeInvoiceDialogs, SummaryWritesItsStartValues) {
 }
 
 TEST(FeeInvoiceDialogs, DetailWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter302");
+  const Json ran = RanBare("frmFirter302");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05", "BItemClass": "",
       "BFeeNumber": "", "EFeeNumber": "", "BCust": "", "ECust": "", "BSupply": "", "ESupply": "",
       "CheckState": 0, "OrderBy": "", "InvoiceStyle": 0, "HookStatus": 2})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 302, "BDate": "2024-03-05", "EDate": "2024-03-05", "ItemClass": "",
       "BFee": "", "EFee": "", "BCust": "", "ECust": "", "BSupply": "", "ESupply": "",
       "CheckState": "0", "OrderBy": "", "InvoiceStyle": "0", "HookStatus": "2"})"));
 }
 
 TEST(FeeInvoiceDialogs, SummaryRestoresAPlanWithTheGroupRowsOfItsInvoices) {
-  const DialogAnswer answer("frmFirter301", World(R"("plans": {"status": "夏", "夏": {
+  const Json ran = RanBare("frmFirter301", World(R"("plans": {"status": "夏", "夏": {
       "BDate": "2023-06-01", "EDate": "2023-08-31", "ItemClass": "k", "BFee": "a", "EFee": "b", "BCust": "c",
       "ECust": "d", "BSupply": "e", "ESupply": "f", "BLevel": "2", "ELevel": "2", "chkGroupBy": "1",
       "OnlyShowSum": "0", "GroupByListIndex": "2", "CheckState": "2", "InvoiceStyle": "1",
       "HookStatus": "1"}})"));
 
-  EXPECT_EQ(answer.Items("cmbGroupBy").at(2), "客户类别");
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(ItemTexts(ran, "cmbGroupBy").at(2), "客户类别");
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31", "BItemClass": "k",
       "BFeeNumber": "a", "EFeeNumber": "b", "BCust": "c", "ECust": "d", "BSupply": "e", "ESupply": "f",
       "GroupBy": 1, "OnlyShowSum": 0, "BLevel": 2, "ELevel": 2, "SumMode": 3,
@@ -78,67 +84,67 @@ TEST(FeeInvoiceDialogs, SummaryRestoresAPlanWithTheGroupRowsOfItsInvoices) {
 }
 
 TEST(FeeInvoiceDialogs, DetailRestoresAPlan) {
-  const DialogAnswer answer("frmFirter302", R"({"plans": {"status": "夏", "夏": {
+  const Json ran = RanBare("frmFirter302", R"({"plans": {"status": "夏", "夏": {
       "BDate": "2023-06-01", "EDate": "2023-08-31", "ItemClass": "k", "BFee": "a", "EFee": "b", "BCust": "c",
       "ECust": "d", "BSupply": "e", "ESupply": "f", "CheckState": "1", "OrderBy": "FTaxRate DESC,FDate ASC",
       "InvoiceStyle": "2", "HookStatus": "0"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31", "BItemClass": "k",
       "BFeeNumber": "a", "EFeeNumber": "b", "BCust": "c", "ECust": "d", "BSupply": "e", "ESupply": "f",
       "CheckState": 1, "OrderBy": "FTaxRate DESC,FDate ASC", "InvoiceStyle": 2, "HookStatus": 0})"));
-  EXPECT_EQ(answer.State("vsOrder", "rows").dump(), R"([["税率",0,1,"FTaxRate"],["日期",1,0,"FDate"]])");
+  EXPECT_EQ(Shown(ran, "vsOrder").at("rows").dump(), R"([["税率",0,1,"FTaxRate"],["日期",1,0,"FDate"]])");
 }
 
 // --- Group rows
 
 TEST(FeeInvoiceDialogs, RowsFollowTheInvoices) {
-  EXPECT_EQ(Grouped(0, 0).State("cmbGroupBy", "items").dump(),
+  EXPECT_EQ(Items(Grouped(0, 0), "cmbGroupBy"),
             R"([["费用类别",1],["费用类型",2],["供应商类别",3],["费用类别+供应商",4],["供应商+费用类别",5],)"
             R"(["供应商",6],["区域",0],["等级",0]])");
-  EXPECT_EQ(Grouped(1, 0).State("cmbGroupBy", "items").dump(),
+  EXPECT_EQ(Items(Grouped(1, 0), "cmbGroupBy"),
             R"([["费用类别",1],["费用类型",2],["客户类别",3],["费用类别+客户",4],["客户+费用类别",5],)"
             R"(["客户",6],["区域",0],["等级",0]])");
-  EXPECT_EQ(Grouped(2, 0).State("cmbGroupBy", "items").dump(), R"([["费用类别",1],["费用类型",2]])");
+  EXPECT_EQ(Items(Grouped(2, 0), "cmbGroupBy"), R"([["费用类别",1],["费用类型",2]])");
 }
 
 TEST(FeeInvoiceDialogs, FeeTypeIsAPlainDimension) {
   for (const int style : {0, 1, 2}) {
-    const DialogAnswer answer = Grouped(style, 1);
-    EXPECT_EQ(answer.FilterValue("SumMode"), 0);
-    EXPECT_EQ(nlohmann::json(answer.FilterValue("SumField")),
+    const Json ran = Grouped(style, 1);
+    EXPECT_EQ(FilterValue(ran, "SumMode"), 0);
+    EXPECT_EQ(nlohmann::json(FilterValue(ran, "SumField")),
               nlohmann::json::parse(R"({"FItemClassID": 2014, "FName": "费用类型", "FPropID": 0,
                   "FSQLColumnName": "FName", "FSrcTable": "", "FSrcField": "", "FDisplayField": ""})"));
   }
 }
 
 TEST(FeeInvoiceDialogs, TheOtherPartyIsAPlainDimension) {
-  const DialogAnswer payable = Grouped(0, 5);
-  EXPECT_EQ(payable.FilterValue("SumMode"), 0);
-  EXPECT_EQ(payable.FilterValue("SumField").at("FItemClassID"), 8);
-  EXPECT_EQ(payable.FilterValue("SumField").at("FName"), "供应商");
-  const DialogAnswer receivable = Grouped(1, 5);
-  EXPECT_EQ(receivable.FilterValue("SumMode"), 0);
-  EXPECT_EQ(receivable.FilterValue("SumField").at("FItemClassID"), 1);
-  EXPECT_EQ(receivable.FilterValue("SumField").at("FName"), "客户");
+  const Json payable = Grouped(0, 5);
+  EXPECT_EQ(FilterValue(payable, "SumMode"), 0);
+  EXPECT_EQ(FilterValue(payable, "SumField").at("FItemClassID"), 8);
+  EXPECT_EQ(FilterValue(payable, "SumField").at("FName"), "供应商");
+  const Json receivable = Grouped(1, 5);
+  EXPECT_EQ(FilterValue(receivable, "SumMode"), 0);
+  EXPECT_EQ(FilterValue(receivable, "SumField").at("FItemClassID"), 1);
+  EXPECT_EQ(FilterValue(receivable, "SumField").at("FName"), "客户");
 }
 
 TEST(FeeInvoiceDialogs, PropertyRowsHandOverTheirOwnDescription) {
-  EXPECT_EQ(Grouped(0, 6).FilterValue("SumField").at("FSQLColumnName"), "F_101");
-  EXPECT_EQ(Grouped(1, 7).FilterValue("SumField").at("FSQLColumnName"), "F_102");
-  EXPECT_EQ(Grouped(1, 7).FilterValue("SumMode"), 0);
+  EXPECT_EQ(FilterValue(Grouped(0, 6), "SumField").at("FSQLColumnName"), "F_101");
+  EXPECT_EQ(FilterValue(Grouped(1, 7), "SumField").at("FSQLColumnName"), "F_102");
+  EXPECT_EQ(FilterValue(Grouped(1, 7), "SumMode"), 0);
 }
 
 TEST(FeeInvoiceDialogs, ClassRowsKeepTheirCodeAndDescribeNothing) {
   for (const int row : {0, 2, 3, 4}) {
-    const DialogAnswer answer = Grouped(0, row);
-    EXPECT_EQ(answer.FilterValue("SumMode"), row + 1);
-    EXPECT_EQ(nlohmann::json(answer.FilterValue("SumField")), nlohmann::json::parse(kPlainSumField));
+    const Json ran = Grouped(0, row);
+    EXPECT_EQ(FilterValue(ran, "SumMode"), row + 1);
+    EXPECT_EQ(nlohmann::json(FilterValue(ran, "SumField")), nlohmann::json::parse(kPlainSumField));
   }
 }
 
 TEST(FeeInvoiceDialogs, DepthComesFromTheClassThatLeads) {
-  const auto depth = [](int style, int row) { return Grouped(style, row).State("udELevel", "max"); };
+  const auto depth = [](int style, int row) { return Shown(Grouped(style, row), "udELevel").at("max"); };
   EXPECT_EQ(depth(0, 0), 4);
   EXPECT_EQ(depth(0, 3), 4);
   EXPECT_EQ(depth(1, 4), 4);
@@ -147,11 +153,11 @@ TEST(FeeInvoiceDialogs, DepthComesFromTheClassThatLeads) {
 }
 
 TEST(FeeInvoiceDialogs, OnlyClassRowsHaveLevels) {
-  const DialogAnswer by_class = Grouped(0, 2);
-  const DialogAnswer plain_rows[] = {Grouped(0, 1), Grouped(0, 5), Grouped(1, 6)};
+  const Json by_class = Grouped(0, 2);
+  const Json plain_rows[] = {Grouped(0, 1), Grouped(0, 5), Grouped(1, 6)};
   for (const char* control : {"Label7", "Label11", "txtlevel(0)", "txtlevel(1)", "udBLevel", "udELevel"}) {
-    EXPECT_TRUE(by_class.IsAvailable(control)) << control;
-    for (const DialogAnswer& plain : plain_rows) EXPECT_FALSE(plain.IsAvailable(control)) << control;
+    EXPECT_TRUE(IsAvailable(by_class, control)) << control;
+    for (const Json& plain : plain_rows) EXPECT_FALSE(IsAvailable(plain, control)) << control;
   }
 }
 
@@ -159,44 +165,44 @@ TEST(FeeInvoiceDialogs, OnlyClassRowsHaveLevels) {
 
 TEST(FeeInvoiceDialogs, TheFeeItemClassIsLookedUpByTheItemClass) {
   for (const char* dialog : {"frmFirter301", "frmFirter302"}) {
-    const DialogAnswer answer(dialog, R"({"lookups": [{"Number": "F.7", "ItemID": 9}, null],
+    const Json ran = RanBare(dialog, R"({"lookups": [{"Number": "F.7", "ItemID": 9}, null],
         "steps": [{"click": "cmdItemClass"}, {"click": "cmdItemClass"}, {"click": "cmdOK"}]})");
-    EXPECT_EQ(answer.FilterValue("BItemClass"), "F.7") << "a cancelled look-up leaves the text";
-    EXPECT_THAT(answer.ArgumentsOf("ItemLookUp"), ElementsAre("[4]", "[4]"));
+    EXPECT_EQ(FilterValue(ran, "BItemClass"), "F.7") << "a cancelled look-up leaves the text";
+    EXPECT_THAT(ArgumentsOf(ran, "ItemLookUp"), ElementsAre("[4]", "[4]"));
   }
 }
 
 TEST(FeeInvoiceDialogs, EachPairIsLookedUpInItsClass) {
-  const DialogAnswer answer("frmFirter301", R"j({"lookups": [{"Number": "01.1", "FShortNumber": "1"}],
+  const Json ran = RanBare("frmFirter301", R"j({"lookups": [{"Number": "01.1", "FShortNumber": "1"}],
       "steps": [{"click": "cmdItem(0)"}, {"click": "cmdItem(1)"}, {"click": "cmdItem(2)"},
                 {"click": "cmdItem(3)"}, {"click": "cmdItem(4)"}, {"click": "cmdItem(5)"},
                 {"click": "cmdOK"}]
 })j");
 
   std::vector<std::string> classes;
-  for (const std::string& arguments : answer.ArgumentsOf("ItemLookUp")) {
+  for (const std::string& arguments : ArgumentsOf(ran, "ItemLookUp")) {
     classes.push_back(arguments.substr(0, arguments.find(',')));
   }
   EXPECT_THAT(classes, ElementsAre("[2014", "[2014", "[1", "[1", "[8", "[8"));
-  EXPECT_EQ(answer.FilterValue("BFeeNumber"), "01.1");
+  EXPECT_EQ(FilterValue(ran, "BFeeNumber"), "01.1");
 }
 
 TEST(FeeInvoiceDialogs, ShortCodesShowWhereTheyAreInUse) {
-  const DialogAnswer answer("frmFirter302", R"j({"profile": {"IC/UseShortNumber": 1},
+  const Json ran = RanBare("frmFirter302", R"j({"profile": {"IC/UseShortNumber": 1},
       "lookups": [{"Number": "01.1", "FShortNumber": "1"}],
       "steps": [{"click": "cmdItem(4)"}, {"click": "cmdOK"}]
 })j");
 
-  EXPECT_EQ(answer.FilterValue("BSupply"), "1");
-  EXPECT_EQ(answer.ArgumentsOf("ItemLookUp").at(0),
+  EXPECT_EQ(FilterValue(ran, "BSupply"), "1");
+  EXPECT_EQ(ArgumentsOf(ran, "ItemLookUp").at(0),
             R"([8,"","",{"BeShortNumber":true,"GetDataType":1,"Search":""}])");
 }
 
 TEST(FeeInvoiceDialogs, SortFieldsFollowTheCodesInUse) {
   const auto fields = [](const char* short_number) {
-    const DialogAnswer answer("frmFirter302",
-                              std::string(R"({"profile": {"IC/UseShortNumber": )") + short_number + "}}");
-    return answer.Items("listOrderFields");
+    const Json ran =
+        RanBare("frmFirter302", std::string(R"({"profile": {"IC/UseShortNumber": )") + short_number + "}}");
+    return ItemTexts(ran, "listOrderFields");
   };
   const auto row = [](std::string_view caption, std::string_view field) {
     return std::string(caption) + std::string(200, ' ') + std::string(field);
@@ -216,27 +222,27 @@ TEST(FeeInvoiceDialogs, CaptionsAsTheUserReadsThem) {
   const std::vector<std::string> both = {
       "截止日期:", "起始日期:", "供应商代码:", "物料类别代码:             ", " 客户代码:", " 费用代码:",
       "发票类型:", "钩稽状态:", "单据状态:"};
-  EXPECT_THAT(DialogAnswer("frmFirter301").Captions(), IsSupersetOf(both));
-  EXPECT_THAT(DialogAnswer("frmFirter302").Captions(), IsSupersetOf(both));
-  EXPECT_THAT(DialogAnswer("frmFirter301").Captions(),
+  EXPECT_THAT(Captions(RanBare("frmFirter301")), IsSupersetOf(both));
+  EXPECT_THAT(Captions(RanBare("frmFirter302")), IsSupersetOf(both));
+  EXPECT_THAT(Captions(RanBare("frmFirter301")),
               IsSupersetOf({"仅显示汇总行", "类别级次:", "汇总依据:", "分级汇总"}));
 }
 
 TEST(FeeInvoiceDialogs, ANewPlanOpensOnPayableInvoices) {
-  const DialogAnswer answer("frmFirter302", R"({"steps": [{"state": "opened"}]})");
-  EXPECT_EQ(answer.Index("cmbInvoiceStyle", "opened"), 0);
-  EXPECT_EQ(answer.Index("cboHookStatus", "opened"), 2);
-  EXPECT_THAT(answer.Items("cmbInvoiceStyle"), ElementsAre("应付费用发票", "应收费用发票", "全部"));
-  EXPECT_THAT(answer.Items("cboHookStatus"), ElementsAre("已钩稽", "未钩稽", "全部"));
+  const Json ran = RanBare("frmFirter302", R"({"steps": [{"state": "opened"}]})");
+  EXPECT_EQ(Shown(ran, "opened", "cmbInvoiceStyle").at("listIndex"), 0);
+  EXPECT_EQ(Shown(ran, "opened", "cboHookStatus").at("listIndex"), 2);
+  EXPECT_THAT(ItemTexts(ran, "cmbInvoiceStyle"), ElementsAre("应付费用发票", "应收费用发票", "全部"));
+  EXPECT_THAT(ItemTexts(ran, "cboHookStatus"), ElementsAre("已钩稽", "未钩稽", "全部"));
 }
 
 TEST(FeeInvoiceDialogs, EnterMovesOnAndNoQuoteArrives) {
-  const DialogAnswer answer("frmFirter302", R"j({"steps": [{"type": "txtItem(0)", "text": "a'b"},
+  const Json ran = RanBare("frmFirter302", R"j({"steps": [{"type": "txtItem(0)", "text": "a'b"},
       {"key": 13, "on": "txtItem(0)"}, {"key": 27, "on": "txtItem(0)"}]
 })j");
-  EXPECT_EQ(answer.Text("txtItem(0)"), "ab");
-  EXPECT_EQ(answer.All().at("keys").dump(), R"(["{TAB}"])");
-  EXPECT_FALSE(answer.IsClosed()) << "Escape does nothing here";
+  EXPECT_EQ(Text(ran, "txtItem(0)"), "ab");
+  EXPECT_EQ(ran.at("keys").dump(), R"(["{TAB}"])");
+  EXPECT_FALSE(ran.at("closed")) << "Escape does nothing here";
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Grouping and levels in the outbound summary's dialog.
 #include "tests/shell/dialogs/ran_dialog.h"
 
+#include <gtest/gtest.h>
+
 namespace salerpt::shell {
 namespace {
 

@@ -1,6 +1,9 @@
 // The outbound summary's dialog: how it opens, what it answers, keys and look-ups.
 #include "tests/shell/dialogs/ran_dialog.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 namespace salerpt::shell {
 namespace {
 

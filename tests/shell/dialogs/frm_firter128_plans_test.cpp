@@ -1,6 +1,9 @@
 // Plans in the outbound summary's dialog: toolbar, list, restoring, finishing without a screen.
 #include "tests/shell/dialogs/ran_dialog.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 namespace salerpt::shell {
 namespace {
 

@@ -1,6 +1,9 @@
 // The sort pane of the outbound summary's dialog.
 #include "tests/shell/dialogs/ran_dialog.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 namespace salerpt::shell {
 namespace {
 
@@ -35,6 +38,14 @@ std::vector<std::string> Offered(const Json& ran) {
     }
   }
   return offered;
+}
+// Names that the usage log was written with.
+std::vector<std::string> UsageLog(const Json& ran) {
+  std::vector<std::string> names;
+  for (const Json& call : ran.at("calls")) {
+    if (call.at("member") == "WriteMGLog") names.push_back(call.at("args").back());
+  }
+  return names;
 }
 
 constexpr const char* kThree = "FOutAmount ASC,FCUUnitOutQty DESC,FConsignAmount ASC";

@@ -2,6 +2,9 @@
 // lists.
 #include "tests/shell/dialogs/ran_dialog.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 namespace salerpt::shell {
 namespace {
 

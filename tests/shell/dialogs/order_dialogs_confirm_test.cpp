@@ -1,6 +1,8 @@
 // The dialogs of the order reports: what a confirmation with the start values gives, and what a stored plan
 // brings back.
-#include "tests/shell/dialogs/dialog_answer.h"
+#include "tests/shell/dialogs/ran_dialog.h"
+
+#include <gtest/gtest.h>
 
 namespace salerpt::shell {
 namespace {
@@ -10,9 +12,9 @@ constexpr std::string_view kWorld =
         "orderTypes": [[40, "内销"], [41, "外销"]]})";
 
 TEST(OrderDialogsConfirm, OrderStatisticsWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter136", kWorld);
+  const Json ran = RanBare("frmFirter136", kWorld);
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItemNumber": "", "EItemNumber": "", "BCustNumber": "", "ECustNumber": "",
       "BDepartNumber": "", "EDepartNumber": "", "BEmpNumber": "", "EEmpNumber": "",
@@ -22,7 +24,7 @@ TEST(OrderDialogsConfirm, OrderStatisticsWritesItsStartValues) {
                    "FDisplayField": ""},
       "CheckState": 0, "OrderType": -1, "OrderTypeName": "全部", "Orderby": "FNumber ASC",
       "chkNextChoose": 0, "CommodityType": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 166, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItem": "", "EItem": "", "BCustomer": "", "ECustomer": "", "BDep": "", "EDep": "",
       "BEmp": "", "EEmp": "", "BCurrency": "", "ECurrency": "", "BLevel": "1", "ELevel": "3",
@@ -33,16 +35,16 @@ TEST(OrderDialogsConfirm, OrderStatisticsWritesItsStartValues) {
 }
 
 TEST(OrderDialogsConfirm, ExecutionDetailWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter137", kWorld);
+  const Json ran = RanBare("frmFirter137", kWorld);
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItemNumber": "", "EItemNumber": "", "BCustNumber": "", "ECustNumber": "",
       "BCompanyNumber": "", "ECompanyNumber": "", "BDept": "", "EDept": "", "BEmp": "", "EEmp": "",
       "BBillNo": "", "EBillNo": "", "CheckState": 0, "DisplayType": 0, "CloseState": 0,
       "SaleType": 1, "SaleTypeName": "全部", "OrderType": -1, "OrderTypeName": "全部", "Implement": 0,
       "chkNextChoose": 0, "CommodityType": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 134, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItem": "", "EItem": "", "BCustomer": "", "ECustomer": "", "BCompany": "", "ECompany": "",
       "BDept": "", "EDept": "", "BEmp": "", "EEmp": "", "BBillNo": "", "EBillNo": "",
@@ -52,9 +54,9 @@ TEST(OrderDialogsConfirm, ExecutionDetailWritesItsStartValues) {
 }
 
 TEST(OrderDialogsConfirm, ExecutionSummaryWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter138", kWorld);
+  const Json ran = RanBare("frmFirter138", kWorld);
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItemNumber": "", "EItemNumber": "", "BCustNumber": "", "ECustNumber": "",
       "BCompanyNumber": "", "ECompanyNumber": "", "BDept": "", "EDept": "", "BEmp": "", "EEmp": "",
@@ -64,7 +66,7 @@ TEST(OrderDialogsConfirm, ExecutionSummaryWritesItsStartValues) {
       "SumField": {"FPropID": 0, "FSQLColumnName": "FName", "FSrcTable": "", "FSrcField": "",
                    "FDisplayField": ""},
       "CheckState": 0, "CloseState": 0, "chkNextChoose": 0, "CommodityType": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 138, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItem": "", "EItem": "", "BCustomer": "", "ECustomer": "", "BCompany": "", "ECompany": "",
       "BDept": "", "EDept": "", "BEmp": "", "EEmp": "", "BBillNo": "", "EBillNo": "",
@@ -75,15 +77,15 @@ TEST(OrderDialogsConfirm, ExecutionSummaryWritesItsStartValues) {
 }
 
 TEST(OrderDialogsConfirm, OutboundAndReceiptTrackingWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter1010", kWorld);
+  const Json ran = RanBare("frmFirter1010", kWorld);
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItemNumber": "", "EItemNumber": "", "BCustNumber": "", "ECustNumber": "",
       "BDept": "", "EDept": "", "BEmp": "", "EEmp": "", "BBillNo": "", "EBillNo": "",
       "CheckState": 0, "CloseState": 0, "SaleType": 1, "SaleTypeName": "全部", "chkNextChoose": 0,
       "chkIsShowSum": 0, "chkIsShowDetail": 1, "CommodityType": 0, "Orderby": ""})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 1010, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItem": "", "EItem": "", "BCustomer": "", "ECustomer": "", "BCompany": "", "ECompany": "",
       "BDept": "", "EDept": "", "BEmp": "", "EEmp": "", "BBillNo": "", "EBillNo": "",
@@ -93,9 +95,9 @@ TEST(OrderDialogsConfirm, OutboundAndReceiptTrackingWritesItsStartValues) {
 }
 
 TEST(OrderDialogsConfirm, VirtualItemStatisticsWritesItsStartValues) {
-  const DialogAnswer answer("frmFirter300", kWorld);
+  const Json ran = RanBare("frmFirter300", kWorld);
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItemNumber": "", "EItemNumber": "", "BCustNumber": "", "ECustNumber": "",
       "GroupBy": 1, "OnlyShowSum": 1, "SaleType": 1, "SaleTypeName": "全部",
@@ -104,7 +106,7 @@ TEST(OrderDialogsConfirm, VirtualItemStatisticsWritesItsStartValues) {
       "SumField": {"FPropID": 0, "FSQLColumnName": "FName", "FSrcTable": "", "FSrcField": "",
                    "FDisplayField": ""},
       "CheckState": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 300, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItem": "", "EItem": "", "BCustomer": "", "ECustomer": "", "BLevel": "1", "ELevel": "3",
       "chkGroupBy": "1", "OnlyShowSum": "1", "GroupByListIndex": "0", "CheckState": "0",
@@ -113,47 +115,47 @@ TEST(OrderDialogsConfirm, VirtualItemStatisticsWritesItsStartValues) {
 }
 
 TEST(OrderDialogsConfirm, DueWarningWritesTextsOfItsBoxes) {
-  const DialogAnswer answer("frmFilter189");
+  const Json ran = RanBare("frmFilter189");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BCustomerNumber": "", "ECustomerNumber": "", "BItemNumber": "", "EItemNumber": "",
       "BSalesNumber": "", "ESalesNumber": "", "BDeptNumber": "", "EDeptNumber": "",
       "AuditType": "全部", "GroupBy": "客户", "chkNextChoose": 0, "CommodityType": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 188, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BCustomerNumber": "", "ECustomerNumber": "", "BItemNumber": "", "EItemNumber": "",
       "BSalesNumber": "", "ESalesNumber": "", "BDeptNumber": "", "EDeptNumber": "",
       "AuditType": "全部", "GroupBy": "客户", "chkNextChoose": "0", "CommodityType": "0"
 })"));
-  const std::vector<std::string> members = answer.Members();
+  const std::vector<std::string> members = Members(ran);
   ASSERT_GE(members.size(), 2u);
   EXPECT_EQ(members[members.size() - 2], "ORVMCaculateRpt.Profile.UpdateNextChooseValue");
   EXPECT_EQ(members.back(), "ORVMYWARAPRpt.Profile.SaveProfile");
 }
 
 TEST(OrderDialogsConfirm, BatchTrackingWritesItsStartValues) {
-  const DialogAnswer answer("frmFilter192");
+  const Json ran = RanBare("frmFilter192");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItemNumber": "", "EItemNumber": "", "BCustNumber": "", "ECustNumber": "", "BBill": "", "EBill": "",
       "CheckState": 0, "DisplayType": 0, "CloseState": 0})"));
-  EXPECT_EQ(answer.SavedPlan(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(SavedLines(ran), Lines(R"({
       "plan": "默认方案", "family": 192, "BDate": "2024-03-05", "EDate": "2024-03-05",
       "BItem": "", "EItem": "", "BCustomer": "", "ECustomer": "", "BBill": "", "EBill": "",
       "CheckState": "0", "DisplayType": "0", "CloseState": "0"
 })"));
-  EXPECT_EQ(answer.Members(), (std::vector<std::string>{"ORVMCaculateRpt.Profile.GetPlanList",
-                                                        "ORVMCaculateRpt.Profile.GetPlanValue",
-                                                        "ORVMCaculateRpt.Profile.SaveProfile"}))
+  EXPECT_EQ(Members(ran), (std::vector<std::string>{"ORVMCaculateRpt.Profile.GetPlanList",
+                                                    "ORVMCaculateRpt.Profile.GetPlanValue",
+                                                    "ORVMCaculateRpt.Profile.SaveProfile"}))
       << "a dialog without a next choice leaves the mark alone";
 }
 
 // --- Stored plans, each value off its start value
 
 TEST(OrderDialogsConfirm, OrderStatisticsRestoresAPlan) {
-  const DialogAnswer answer("frmFirter136", R"({"itemMaxLevel": {"4": 3, "1": 4},
+  const Json ran = RanBare("frmFirter136", R"({"itemMaxLevel": {"4": 3, "1": 4},
       "saleTypes": [[100, "现销"], [20298, "受托代销"], [101, "赊销"]], "orderTypes": [[40, "内销"], [41, "外销"]],
       "plans": {"status": "夏", "夏": {"BDate": "2023-06-01", "EDate": "2023-08-31", "BItem": "a", "EItem": "b",
       "BCustomer": "c", "ECustomer": "d", "BDep": "e", "EDep": "f", "BEmp": "g", "EEmp": "h", "BCurrency": "i",
@@ -161,7 +163,7 @@ TEST(OrderDialogsConfirm, OrderStatisticsRestoresAPlan) {
       "OnlyShowSum": "0", "GroupByListIndex": "1", "CheckState": "2", "SaleTypeListIndex": "2",
       "OrderType": "1", "OrderBy": "FQty DESC,FAmount ASC", "chkNextChoose": "1", "CommodityType": "2"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BItemNumber": "a", "EItemNumber": "b", "BCustNumber": "c", "ECustNumber": "d",
       "BDepartNumber": "e", "EDepartNumber": "f", "BEmpNumber": "g", "EEmpNumber": "h",
@@ -171,12 +173,12 @@ TEST(OrderDialogsConfirm, OrderStatisticsRestoresAPlan) {
                    "FDisplayField": ""},
       "CheckState": 2, "OrderType": 40, "OrderTypeName": "内销", "Orderby": "FQty DESC,FAmount ASC",
       "chkNextChoose": 1, "CommodityType": 2})"));
-  EXPECT_EQ(answer.SavedPlan(), "") << "a named plan stays as it was saved";
-  EXPECT_EQ(answer.All().at("CurrentPlan"), "夏");
+  EXPECT_EQ(SavedLines(ran), "") << "a named plan stays as it was saved";
+  EXPECT_EQ(ran.at("CurrentPlan"), "夏");
 }
 
 TEST(OrderDialogsConfirm, ExecutionDetailRestoresAPlan) {
-  const DialogAnswer answer("frmFirter137", R"({
+  const Json ran = RanBare("frmFirter137", R"({
       "saleTypes": [[100, "现销"]], "orderTypes": [[40, "内销"], [41, "外销"]],
       "plans": {"status": "夏", "夏": {"BDate": "2023-06-01", "EDate": "2023-08-31", "BItem": "a", "EItem": "b",
       "BCustomer": "c", "ECustomer": "d", "BCompany": "e", "ECompany": "f", "BDept": "g", "EDept": "h",
@@ -184,7 +186,7 @@ TEST(OrderDialogsConfirm, ExecutionDetailRestoresAPlan) {
       "CloseState": "2", "SaleTypeListIndex": "1", "Implement": "2", "OrderType": "2", "chkNextChoose": "1",
       "CommodityType": "1"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BItemNumber": "a", "EItemNumber": "b", "BCustNumber": "c", "ECustNumber": "d",
       "BCompanyNumber": "e", "ECompanyNumber": "f", "BDept": "g", "EDept": "h", "BEmp": "i", "EEmp": "j",
@@ -194,7 +196,7 @@ TEST(OrderDialogsConfirm, ExecutionDetailRestoresAPlan) {
 }
 
 TEST(OrderDialogsConfirm, ExecutionSummaryRestoresAPlan) {
-  const DialogAnswer answer("frmFirter138", R"({
+  const Json ran = RanBare("frmFirter138", R"({
       "saleTypes": [[100, "现销"]], "orderTypes": [[40, "内销"], [41, "外销"]],
       "plans": {"status": "夏", "夏": {"BDate": "2023-06-01", "EDate": "2023-08-31", "BItem": "a", "EItem": "b",
       "BCustomer": "c", "ECustomer": "d", "BCompany": "e", "ECompany": "f", "BDept": "g", "EDept": "h",
@@ -202,7 +204,7 @@ TEST(OrderDialogsConfirm, ExecutionSummaryRestoresAPlan) {
       "chkGroupBy": "0", "OnlyShowSum": "0", "GroupByListIndex": "6", "CheckState": "2", "CloseState": "1",
       "SaleTypeListIndex": "1", "OrderType": "1", "chkNextChoose": "1", "CommodityType": "1"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BItemNumber": "a", "EItemNumber": "b", "BCustNumber": "c", "ECustNumber": "d",
       "BCompanyNumber": "e", "ECompanyNumber": "f", "BDept": "g", "EDept": "h", "BEmp": "i", "EEmp": "j",
@@ -215,28 +217,28 @@ TEST(OrderDialogsConfirm, ExecutionSummaryRestoresAPlan) {
 }
 
 TEST(OrderDialogsConfirm, OutboundAndReceiptTrackingRestoresAPlanWithItsCompanyRange) {
-  const DialogAnswer answer("frmFirter1010", R"({"saleTypes": [[100, "现销"]],
+  const Json ran = RanBare("frmFirter1010", R"({"saleTypes": [[100, "现销"]],
       "plans": {"status": "夏", "夏": {"BDate": "2023-06-01", "EDate": "2023-08-31", "BItem": "a", "EItem": "b",
       "BCustomer": "c", "ECustomer": "d", "BCompany": "e", "ECompany": "f", "BDept": "g", "EDept": "h",
       "BEmp": "i", "EEmp": "j", "BBillNo": "k", "EBillNo": "l", "CheckState": "2", "CloseState": "2",
       "SaleTypeListIndex": "1", "chkNextChoose": "1", "chkIsShowSum": "1", "chkIsShowDetail": "0",
       "CommodityType": "2", "OrderBy": "FOrderbyEmpNumber DESC,FOrderbyDate ASC"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BItemNumber": "a", "EItemNumber": "b", "BCustNumber": "c", "ECustNumber": "d",
       "BDept": "g", "EDept": "h", "BEmp": "i", "EEmp": "j", "BBillNo": "k", "EBillNo": "l",
       "CheckState": 2, "CloseState": 2, "SaleType": 100, "SaleTypeName": "现销", "chkNextChoose": 1,
       "chkIsShowSum": 1, "chkIsShowDetail": 0, "CommodityType": 2,
       "Orderby": "FOrderbyEmpNumber DESC,FOrderbyDate ASC"})"));
-  EXPECT_EQ(answer.Text("txtItem(4)"), "e");
-  EXPECT_EQ(answer.Text("txtItem(5)"), "f");
-  EXPECT_EQ(answer.State("vsOrder", "rows").dump(),
+  EXPECT_EQ(Text(ran, "txtItem(4)"), "e");
+  EXPECT_EQ(Text(ran, "txtItem(5)"), "f");
+  EXPECT_EQ(Shown(ran, "vsOrder").at("rows").dump(),
             R"([["业务员代码",0,1,"FOrderbyEmpNumber"],["订单日期",1,0,"FOrderbyDate"]])");
 }
 
 TEST(OrderDialogsConfirm, VirtualItemStatisticsRestoresAPlan) {
-  const DialogAnswer answer("frmFirter300", R"({
+  const Json ran = RanBare("frmFirter300", R"({
       "saleTypes": [[100, "现销"]], "orderTypes": [[40, "内销"], [41, "外销"]],
       "propDescs": [{"FName": "区域", "FPropID": 7, "FSQLColumnName": "F_101", "FSrcTable": "t_x",
                      "FSrcField": "FId", "FDisplayField": "FTitle", "FItemClassID": 1}],
@@ -244,7 +246,7 @@ TEST(OrderDialogsConfirm, VirtualItemStatisticsRestoresAPlan) {
       "BCustomer": "c", "ECustomer": "d", "BLevel": "2", "ELevel": "4", "chkGroupBy": "0", "OnlyShowSum": "0",
       "GroupByListIndex": "5", "CheckState": "2", "SaleTypeListIndex": "1", "OrderType": "2"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BItemNumber": "a", "EItemNumber": "b", "BCustNumber": "c", "ECustNumber": "d",
       "GroupBy": 0, "OnlyShowSum": 0, "SaleType": 100, "SaleTypeName": "现销",
@@ -255,13 +257,13 @@ TEST(OrderDialogsConfirm, VirtualItemStatisticsRestoresAPlan) {
 }
 
 TEST(OrderDialogsConfirm, DueWarningRestoresAPlanByTheTextsOfItsBoxes) {
-  const DialogAnswer answer("frmFilter189", R"({"plans": {"status": "夏", "夏": {
+  const Json ran = RanBare("frmFilter189", R"({"plans": {"status": "夏", "夏": {
       "BDate": "2023-06-01", "EDate": "2023-08-31", "BCustomerNumber": "a", "ECustomerNumber": "b",
       "BItemNumber": "c", "EItemNumber": "d", "BSalesNumber": "e", "ESalesNumber": "f", "BDeptNumber": "g",
       "EDeptNumber": "h", "AuditType": "未审核", "GroupBy": "物料", "chkNextChoose": "1",
       "CommodityType": "2"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BCustomerNumber": "a", "ECustomerNumber": "b", "BItemNumber": "c", "EItemNumber": "d",
       "BSalesNumber": "e", "ESalesNumber": "f", "BDeptNumber": "g", "EDeptNumber": "h",
@@ -269,12 +271,12 @@ TEST(OrderDialogsConfirm, DueWarningRestoresAPlanByTheTextsOfItsBoxes) {
 }
 
 TEST(OrderDialogsConfirm, BatchTrackingRestoresAPlan) {
-  const DialogAnswer answer("frmFilter192", R"({"plans": {"status": "夏", "夏": {
+  const Json ran = RanBare("frmFilter192", R"({"plans": {"status": "夏", "夏": {
       "BDate": "2023-06-01", "EDate": "2023-08-31", "BItem": "a", "EItem": "b", "BCustomer": "c",
       "ECustomer": "d", "BBill": "e", "EBill": "f", "CheckState": "2", "DisplayType": "1",
       "CloseState": "2"}}})");
 
-  EXPECT_EQ(answer.Filter(), DialogAnswer::Expected(R"({
+  EXPECT_EQ(Filter(ran), InOrder(R"({
       "OK": true, "BDate": "2023-06-01", "EDate": "2023-08-31",
       "BItemNumber": "a", "EItemNumber": "b", "BCustNumber": "c", "ECustNumber": "d",
       "BBill": "e", "EBill": "f", "CheckState": 2, "DisplayType": 1, "CloseState": 2})"));

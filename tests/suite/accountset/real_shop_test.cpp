@@ -6,6 +6,7 @@
 
 #include "suite/accountset/accountset.h"
 #include "support.h"
+#include "test_places.h"
 
 namespace salerpt::accountset {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 class RealShopTest : public FolderTest {};
 
 TEST_F(RealShopTest, KeepsEveryLineQuantityAndAmount) {
-  const std::filesystem::path csv = std::filesystem::path(SALERPT_SHARED_DATA) / "online_retail.csv.gz";
+  const std::filesystem::path csv = std::filesystem::path(tests::kSharedData) / "online_retail.csv.gz";
   if (!std::filesystem::exists(csv)) GTEST_SKIP() << csv << " is not at hand";
   const auto db = Path("shop.db");
   std::ostringstream rejects;

@@ -354,7 +354,8 @@ TEST_F(OrderStatistics, AnOrderUnderCurrencyAndCustomerBringsTheSubtotalsBetween
 TEST_F(OrderStatistics, TheServerRejectsAnOrderUnderCurrencyAndProperty) {
   for (const int mode : {kCustomer, kEmployee, kSaleStyle}) {
     const ObjectRef report = CreateObject("ORVSaleRpt.Rpt136");
-    SetMember(report, "Filter", ConfirmedFilter("frmFirter136", Chosen({mode, true}, {{"Orderby", "FNumber ASC"}})));
+    SetMember(report, "Filter",
+              ConfirmedFilter("frmFirter136", Chosen({mode, true}, {{"Orderby", "FNumber ASC"}})));
     Call(report, "GetReportData");
     const auto result = As<Dictionary>(GetMember(report, "Result"));
     EXPECT_FALSE(result->Get("OK").ToBoolean());

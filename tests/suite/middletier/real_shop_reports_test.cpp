@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "suite/accountset/accountset.h"
+#include "test_places.h"
 #include "tests/suite/middletier/report_rows.h"
 
 namespace salerpt::middletier {
@@ -181,7 +182,7 @@ class RealShopReports : public ReportRows {
 
 // One test: the shop is imported once.
 TEST_F(RealShopReports, IncomeReturnsAndOutboundDetailAgreeWithTheShopsOwnLines) {
-  const std::filesystem::path csv = std::filesystem::path(SALERPT_SHARED_DATA) / "online_retail.csv.gz";
+  const std::filesystem::path csv = std::filesystem::path(tests::kSharedData) / "online_retail.csv.gz";
   if (!std::filesystem::exists(csv)) GTEST_SKIP() << csv << " is not at hand";
   const TemporaryFolder folder;
   std::ostringstream rejects;

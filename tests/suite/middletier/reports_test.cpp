@@ -29,7 +29,7 @@ class ReportTest : public testing::Test {
   static void TearDownTestSuite() { set_.reset(); }
   ReportTest() {
     RegisterReports(runtime_);
-      RegisterMiddleTier(runtime_, set_->Get(), Login{});
+    RegisterMiddleTier(runtime_, set_->Get(), Login{});
   }
 
   // Runs a report with the defaults of its dialog and `chosen` over them.

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "suite/tsql/session.h"
+#include "test_places.h"
 #include "tests/suite/tsql/script.h"
 
 namespace salerpt::tsql::test {
@@ -149,7 +150,8 @@ TEST_P(LogicTest, HoldsEntryByEntry) {
 
 std::vector<std::filesystem::path> Scripts() {
   std::vector<std::filesystem::path> files;
-  for (const auto& file : std::filesystem::directory_iterator(SALERPT_TEST_DATA)) {
+  for (const auto& file :
+       std::filesystem::directory_iterator(std::string(tests::kTestsFolder) + "/suite/tsql")) {
     if (file.path().extension() == ".test") files.push_back(file.path());
   }
   std::sort(files.begin(), files.end());
