@@ -64,7 +64,7 @@ void DateName(const Call& call) {
   call.Return(std::string_view(NameOfPart(Part(call), Stored(call, 1))));
 }
 void GetDate(const Call& call) {
-  ReturnDate(call, Now());
+  ReturnDate(call, call.State().now);
 }
 void IsDate(const Call& call) {
   const bool date = !call.Text(0).empty() && TryParseDateTime(call.Text(0), -1).has_value();

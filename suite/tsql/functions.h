@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "suite/tsql/datetime.h"
 #include "suite/tsql/kept_values.h"
 #include "suite/tsql/variables.h"
 
@@ -22,10 +23,12 @@ struct FunctionState {
   std::optional<Failure> failure;
   const Variables* variables = nullptr;  // of the batch that runs
   KeptValues kept;                       // of the statement that runs
+  DateTime now;                          // GETDATE(): one time for the whole statement
 
   void BeginStatement() {
     failure.reset();
     kept.Clear();
+    now = Now();
   }
 };
 
