@@ -63,8 +63,11 @@ void DatePartOf(const Call& call) {
 void DateName(const Call& call) {
   call.Return(std::string_view(NameOfPart(Part(call), Stored(call, 1))));
 }
+// One time for the whole statement.
 void GetDate(const Call& call) {
-  ReturnDate(call, call.State().now);
+  FunctionState& state = call.State();
+  if (!state.now) state.now = Now();
+  ReturnDate(call, *state.now);
 }
 void IsDate(const Call& call) {
   const bool date = !call.Text(0).empty() && TryParseDateTime(call.Text(0), -1).has_value();

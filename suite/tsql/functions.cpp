@@ -101,7 +101,7 @@ void Call::Return(std::string_view value) const {
   sqlite3_result_text64(context_, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-const FunctionState& Call::State() const {
+FunctionState& Call::State() const {
   return *static_cast<const Registration*>(sqlite3_user_data(context_))->state;
 }
 

@@ -23,12 +23,12 @@ struct FunctionState {
   std::optional<Failure> failure;
   const Variables* variables = nullptr;  // of the batch that runs
   KeptValues kept;                       // of the statement that runs
-  DateTime now;                          // GETDATE(): one time for the whole statement
+  std::optional<DateTime> now;           // of the statement that runs, once it has asked for it
 
   void BeginStatement() {
     failure.reset();
     kept.Clear();
-    now = Now();
+    now.reset();
   }
 };
 
@@ -52,7 +52,7 @@ class Call {
   [[nodiscard]] std::int64_t Integer(int index) const { return sqlite3_value_int64(values_[index]); }
   [[nodiscard]] double Double(int index) const { return sqlite3_value_double(values_[index]); }
   [[nodiscard]] std::string_view Text(int index) const;
-  [[nodiscard]] const FunctionState& State() const;
+  [[nodiscard]] FunctionState& State() const;
 
   void Return(std::int64_t value) const { sqlite3_result_int64(context_, value); }
   void Return(double value) const { sqlite3_result_double(context_, value); }

@@ -11,14 +11,13 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <thread>
 
 #include "runtime/dictionary.h"
 #include "runtime/vector.h"
 #include "suite/accountset/accountset.h"
 #include "suite/middletier/middletier.h"
-#include "test_places.h"
+#include "tests/shell/program_run.h"
 
 namespace salerpt::shell {
 namespace {
@@ -71,11 +70,7 @@ class SharedFolder : public ::testing::Test {
     StatusOf(child);
   }
 
-  [[nodiscard]] std::string Said(const char* stream) const {
-    std::ostringstream text;
-    text << std::ifstream(folder_ / stream).rdbuf();
-    return text.str();
-  }
+  [[nodiscard]] std::string Said(const char* stream) const { return Content(folder_ / stream); }
   // What lies in the folder beside the messages and what was there before.
   [[nodiscard]] std::vector<std::string> Files() const {
     std::vector<std::string> names;

@@ -1,12 +1,9 @@
 // `salerpt log` and `salerpt plans`, as they are used.
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "tests/shell/program_run.h"
 

@@ -1,13 +1,10 @@
 // `salerpt show` with plans, and `salerpt dialog`, as they are used.
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "tests/shell/program_run.h"
 
